@@ -1,0 +1,23 @@
+#include "automation/AutomationError.h"
+
+#include <new>
+#include <utility>
+
+namespace zav {
+
+AutomationError::AutomationError(std::int32_t number, std::string description, std::string source)
+    : number_(number), description_(std::move(description)), source_(std::move(source)) {}
+
+AutomationError CurrentError() {
+  try {
+    throw;
+  } catch (const AutomationError& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return {error_number::kOutOfMemory, "Out of memory"};
+  } catch (const std::exception& error) {
+    return {error_number::kInternal, error.what()};
+  }
+}
+
+}  // namespace zav
