@@ -1,0 +1,29 @@
+#include "controls/ControlHost.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "controls/Control.h"
+
+namespace zav {
+
+void ControlHost::MarkChanged(Control& control) { changed_.push_back(&control); }
+
+void ControlHost::Forget(Control& control) {
+  std::erase(changed_, &control);
+  removed_.push_back(control.id());
+}
+
+void ControlHost::Leave() {
+  if (--depth_ > 0 || (changed_.empty() && removed_.empty())) return;
+  std::vector<Control*> changed = std::exchange(changed_, {});
+  const std::vector<ControlId> removed = std::exchange(removed_, {});
+  // Ids grow in the order in which controls come to be, and a container is older than what it
+  // holds.
+  std::sort(changed.begin(), changed.end(),
+            [](const Control* a, const Control* b) { return a->id() < b->id(); });
+  platform_.presenter.Present(changed, removed);
+  for (Control* control : changed) control->changes_ = 0;
+}
+
+}  // namespace zav

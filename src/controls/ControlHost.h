@@ -1,0 +1,72 @@
+// What all controls of one component share: the platform under them, the list of those that
+// changed, and the gate through which calls from outside come in.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/Presenter.h"
+#include "platform/Services.h"
+
+namespace zav {
+
+class Control;
+
+class ControlHost {
+ public:
+  explicit ControlHost(Platform platform) : platform_(platform) {}
+  ControlHost(const ControlHost&) = delete;
+  ControlHost& operator=(const ControlHost&) = delete;
+
+  [[nodiscard]] Services& services() const { return platform_.services; }
+  [[nodiscard]] TwipsPerPixel twipsPerPixel() const {
+    return platform_.services.ScreenTwipsPerPixel();
+  }
+
+  // Runs a call of the host's: what changed is shown when the outermost call ends, also when it
+  // ends with an error, which the host gets.
+  template <typename F>
+  auto RunHostCall(F&& call) {
+    const Entry entry(*this);
+    return call();
+  }
+
+  // Runs a control event. An error that reaches this far could not even be reported: it ends here,
+  // unless a host's call is on the stack, which then gets it.
+  template <typename F>
+  void RunEvent(F&& handler) {
+    const Entry entry(*this);
+    try {
+      handler();
+    } catch (...) {
+      if (depth_ > 1) throw;
+    }
+  }
+
+ private:
+  friend class Control;
+
+  class Entry {
+   public:
+    explicit Entry(ControlHost& host) : host_(host) { ++host_.depth_; }
+    Entry(const Entry&) = delete;
+    Entry& operator=(const Entry&) = delete;
+    ~Entry() { host_.Leave(); }
+
+   private:
+    ControlHost& host_;
+  };
+
+  ControlId NextId() { return ++lastId_; }
+  void MarkChanged(Control& control);
+  void Forget(Control& control);
+  void Leave();
+
+  Platform platform_;
+  ControlId lastId_ = 0;
+  int depth_ = 0;
+  std::vector<Control*> changed_;   // in no order; each once
+  std::vector<ControlId> removed_;  // presented before and gone since
+};
+
+}  // namespace zav

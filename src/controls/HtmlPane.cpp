@@ -1,0 +1,33 @@
+#include "controls/HtmlPane.h"
+
+#include <utility>
+
+namespace zav {
+
+HtmlPane::~HtmlPane() { host().services().DropPage(id()); }
+
+void HtmlPane::LoadHtml(std::string page) {
+  page_ = std::move(page);
+  pending_ = std::make_shared<int>();
+  Changed(change::kContent);
+  host().services().LoadPage(id(), page_, [this, load = std::weak_ptr<int>(pending_)] {
+    if (load.expired()) return;
+    pending_.reset();
+    if (onPageLoaded) host().RunEvent([this] { onPageLoaded(); });
+  });
+}
+
+int HtmlPane::ContentHeightPixels() const {
+  if (page_.empty()) return 0;
+  const float perPixel = static_cast<float>(host().twipsPerPixel().x);
+  const int widthPixels = static_cast<int>(SizeInTwips().width / perPixel);
+  return host().services().PageContentHeight(id(), widthPixels, marginPixels_);
+}
+
+int HtmlPane::ScrollTopPixels() const { return host().services().PageScrollTop(id()); }
+
+void HtmlPane::RaisePageEvent(PageEvent& event) {
+  if (enabled() && onPageEvent) host().RunEvent([&] { onPageEvent(event); });
+}
+
+}  // namespace zav

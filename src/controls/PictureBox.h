@@ -1,0 +1,51 @@
+// A surface that is drawn on. It keeps what was drawn since it was last cleared, in order, so that
+// a platform can show it again at any time.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "controls/Control.h"
+
+namespace zav {
+
+// Coordinates are in the surface's own scale (twips or pixels), pen widths in pixels.
+struct DrawnShape {
+  enum class Kind { Line, FilledBox, Picture };
+
+  Kind kind = Kind::Line;
+  float x1 = 0;  // a line's start; a box's or a picture's left and top
+  float y1 = 0;
+  float x2 = 0;  // a line's end; a box's right and bottom; unused for a picture
+  float y2 = 0;
+  int penWidth = 1;
+  std::int32_t color = 0;
+  PictureRef picture;
+};
+
+class PictureBox : public Control {
+ public:
+  PictureBox(ControlHost& host, Control* container, std::string name, int index = -1)
+      : Control(host, ControlKind::PictureBox, container, std::move(name), index) {}
+
+  // A shape that is drawn over an equal one of no wider pen replaces it, so that a frame drawn and
+  // erased again and again does not make the record grow.
+  void DrawLine(Point from, Point to, int penWidth, std::int32_t color);
+  void DrawFilledBox(const Rect& box, int penWidth, std::int32_t color);
+  void PaintPicture(PictureRef picture, Point at);
+  void Clear();
+
+  [[nodiscard]] const std::vector<DrawnShape>& drawn() const { return drawn_; }
+
+  // A picture that is shown under everything drawn.
+  [[nodiscard]] const PictureRef& picture() const { return picture_; }
+  void SetPicture(PictureRef picture) { Set(picture_, std::move(picture), change::kContent); }
+
+ private:
+  void Draw(DrawnShape shape);
+
+  std::vector<DrawnShape> drawn_;
+  PictureRef picture_;
+};
+
+}  // namespace zav

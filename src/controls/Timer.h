@@ -1,0 +1,31 @@
+// Ticks at an interval while it is enabled.
+#pragma once
+
+#include <functional>
+
+#include "controls/ControlHost.h"
+
+namespace zav {
+
+class Timer {
+ public:
+  Timer(ControlHost& host, ControlId id, int intervalMilliseconds)
+      : host_(host), id_(id), interval_(intervalMilliseconds) {}
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+  ~Timer() { SetEnabled(false); }
+
+  [[nodiscard]] bool enabled() const { return enabled_; }
+  // Enabling a timer that runs changes nothing.
+  void SetEnabled(bool enabled);
+
+  std::function<void()> onTimer;
+
+ private:
+  ControlHost& host_;
+  ControlId id_;
+  int interval_;
+  bool enabled_ = false;
+};
+
+}  // namespace zav
