@@ -12,7 +12,9 @@
 namespace zav {
 
 // Text of a number may have blanks around it, a sign, a decimal point and an exponent, or be a
-// hexadecimal literal with "&H" in front. True is -1.
+// hexadecimal literal with "&H" in front, which gives the bits of the result: "&HFFFF" is -1 as
+// a 16-bit integer and 65535 as a 32-bit integer or as a number with fractions. True is -1.
+// Objects and arrays raise 13.
 std::int16_t ToInt16(const Variant& value);
 std::int32_t ToInt32(const Variant& value);
 float ToSingle(const Variant& value);
@@ -22,7 +24,7 @@ double ToDouble(const Variant& value);
 bool ToBoolean(const Variant& value);
 
 // "True"/"False"; 7 significant digits for a single, 15 for a double, shortest form, "." as the
-// decimal sign. Raises 13 for an object or an array.
+// decimal sign. Raises 13 for an object or an array, 6 for a number that is not finite.
 std::string ToText(const Variant& value);
 
 // Nothing for an empty variant; raises 13 for anything that is no object.

@@ -12,10 +12,11 @@
 
 namespace zav {
 
-// Raises 5 for an odd number of bytes or an unpaired surrogate, naming its place.
+// Raises 5 for an odd number of bytes or an unpaired surrogate, naming its line and column.
 std::string Utf16LeToUtf8(std::span<const std::uint8_t> bytes);
 // No byte-order mark, no terminator. Raises 5 for ill-formed UTF-8.
 std::vector<std::uint8_t> Utf8ToUtf16Le(std::string_view text);
+bool IsWellFormedUtf8(std::string_view text);
 // The length in UTF-16 code units: what hosts are promised.
 std::size_t Utf16Length(std::string_view text);
 

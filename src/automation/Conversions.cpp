@@ -1,0 +1,196 @@
+#include "automation/Conversions.h"
+
+#include <array>
+#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <optional>
+#include <system_error>
+#include <type_traits>
+
+#include "automation/AutomationError.h"
+#include "automation/Text.h"
+
+namespace zav {
+
+namespace {
+
+constexpr int kSingleDigits = 7;
+constexpr int kDoubleDigits = 15;
+
+[[noreturn]] void RaiseTypeMismatch() {
+  throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
+}
+
+[[noreturn]] void RaiseOverflow() { throw AutomationError(error_number::kOverflow, "Overflow"); }
+
+// The digits of a hexadecimal literal, or nothing for any other text.
+std::optional<std::string_view> HexadecimalDigits(std::string_view text) {
+  const std::string_view trimmed = TrimBlanks(text);
+  if (!EqualIgnoringCase(trimmed.substr(0, 2), "&H")) return std::nullopt;
+  return trimmed.substr(2);
+}
+
+// The integer that has the bits written by the digits.
+template <typename Integer>
+Integer FromHexadecimal(std::string_view digits) {
+  std::make_unsigned_t<Integer> bits = 0;
+  const char* end = digits.data() + digits.size();
+  const auto [stop, error] = std::from_chars(digits.data(), end, bits, 16);
+  if (stop != end || error == std::errc::invalid_argument) RaiseTypeMismatch();
+  if (error == std::errc::result_out_of_range) RaiseOverflow();
+  return static_cast<Integer>(bits);
+}
+
+std::size_t SkipSign(std::string_view text, std::size_t at) {
+  return at < text.size() && (text[at] == '+' || text[at] == '-') ? at + 1 : at;
+}
+
+std::size_t SkipDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && text[at] >= '0' && text[at] <= '9') ++at;
+  return at;
+}
+
+bool IsDecimal(std::string_view text) {
+  const std::size_t start = SkipSign(text, 0);
+  std::size_t at = SkipDigits(text, start);
+  std::size_t digits = at - start;
+  if (at < text.size() && text[at] == '.') {
+    const std::size_t fraction = at + 1;
+    at = SkipDigits(text, fraction);
+    digits += at - fraction;
+  }
+  if (digits == 0) return false;
+  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+    const std::size_t exponent = SkipSign(text, at + 1);
+    at = SkipDigits(text, exponent);
+    if (at == exponent) return false;
+  }
+  return at == text.size();
+}
+
+// The C library reads and writes the decimal sign of the process's locale, which is the host's.
+std::string_view LocaleDecimalSign() { return std::localeconv()->decimal_point; }
+
+void ReplaceFirst(std::string& text, std::string_view part, std::string_view replacement) {
+  const std::size_t at = text.find(part);
+  if (at != std::string::npos) text.replace(at, part.size(), replacement);
+}
+
+double FromDecimal(std::string_view text) {
+  std::string number(TrimBlanks(text));
+  if (!IsDecimal(number)) RaiseTypeMismatch();
+  ReplaceFirst(number, ".", LocaleDecimalSign());
+  const double value = std::strtod(number.c_str(), nullptr);
+  if (!std::isfinite(value)) RaiseOverflow();
+  return value;
+}
+
+double FromText(std::string_view text) {
+  const std::optional<std::string_view> digits = HexadecimalDigits(text);
+  return digits ? FromHexadecimal<std::int32_t>(*digits) : FromDecimal(text);
+}
+
+std::string DecimalText(double value, int digits) {
+  if (!std::isfinite(value)) RaiseOverflow();
+  if (value == 0) return "0";  // negative zero too
+  std::array<char, 40> buffer{};
+  std::snprintf(buffer.data(), buffer.size(), "%.*G", digits, value);
+  std::string text(buffer.data());
+  ReplaceFirst(text, LocaleDecimalSign(), ".");
+  return text;
+}
+
+double HalfToEven(double value) {
+  const double below = std::floor(value);
+  const double rest = value - below;
+  const bool isBelowOdd = std::fmod(below, 2) != 0;
+  return rest > 0.5 || (rest == 0.5 && isBelowOdd) ? below + 1 : below;
+}
+
+template <typename Integer>
+Integer RoundTo(double value) {
+  const double rounded = HalfToEven(value);
+  const bool fits = rounded >= std::numeric_limits<Integer>::min() &&
+                    rounded <= std::numeric_limits<Integer>::max();
+  if (!fits) RaiseOverflow();  // not a number does not fit either
+  return static_cast<Integer>(rounded);
+}
+
+template <typename Integer>
+Integer ToInteger(const Variant& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    if (const auto digits = HexadecimalDigits(*text)) return FromHexadecimal<Integer>(*digits);
+  }
+  return RoundTo<Integer>(ToDouble(value));
+}
+
+struct DoubleOf {
+  double operator()(std::monostate /*empty*/) const { return 0; }
+  double operator()(bool value) const { return value ? -1 : 0; }
+  double operator()(std::int16_t value) const { return value; }
+  double operator()(std::int32_t value) const { return value; }
+  double operator()(float value) const { return value; }
+  double operator()(double value) const { return value; }
+  double operator()(const std::string& value) const { return FromText(value); }
+  double operator()(const ObjectRef& /*object*/) const { RaiseTypeMismatch(); }
+  double operator()(const SafeArray& /*array*/) const { RaiseTypeMismatch(); }
+};
+
+struct TextOf {
+  std::string operator()(std::monostate /*empty*/) const { return {}; }
+  std::string operator()(bool value) const { return value ? "True" : "False"; }
+  std::string operator()(std::int16_t value) const { return std::to_string(value); }
+  std::string operator()(std::int32_t value) const { return std::to_string(value); }
+  std::string operator()(float value) const { return DecimalText(value, kSingleDigits); }
+  std::string operator()(double value) const { return DecimalText(value, kDoubleDigits); }
+  std::string operator()(const std::string& value) const { return value; }
+  std::string operator()(const ObjectRef& /*object*/) const { RaiseTypeMismatch(); }
+  std::string operator()(const SafeArray& /*array*/) const { RaiseTypeMismatch(); }
+};
+
+}  // namespace
+
+std::int16_t ToInt16(const Variant& value) { return ToInteger<std::int16_t>(value); }
+
+std::int32_t ToInt32(const Variant& value) { return ToInteger<std::int32_t>(value); }
+
+float ToSingle(const Variant& value) {
+  const double number = ToDouble(value);
+  if (std::abs(number) > std::numeric_limits<float>::max()) RaiseOverflow();
+  return static_cast<float>(number);
+}
+
+double ToDouble(const Variant& value) { return std::visit(DoubleOf{}, value); }
+
+bool ToBoolean(const Variant& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    if (EqualIgnoringCase(TrimBlanks(*text), "true")) return true;
+    if (EqualIgnoringCase(TrimBlanks(*text), "false")) return false;
+  }
+  return ToDouble(value) != 0;
+}
+
+std::string ToText(const Variant& value) { return std::visit(TextOf{}, value); }
+
+ObjectRef ToObject(const Variant& value) {
+  if (std::holds_alternative<std::monostate>(value)) return nullptr;
+  if (const auto* object = std::get_if<ObjectRef>(&value)) return *object;
+  RaiseTypeMismatch();
+}
+
+std::int32_t ToColor(const Variant& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  const auto digits = text != nullptr ? HexadecimalDigits("&" + *text) : std::nullopt;
+  if (!digits || digits->size() > 8) RaiseTypeMismatch();
+  return FromHexadecimal<std::int32_t>(*digits);
+}
+
+std::int16_t RoundToInt16(double value) { return RoundTo<std::int16_t>(value); }
+
+std::int32_t RoundToInt32(double value) { return RoundTo<std::int32_t>(value); }
+
+}  // namespace zav
