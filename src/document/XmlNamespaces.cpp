@@ -1,0 +1,104 @@
+#include "document/XmlNamespaces.h"
+
+#include <set>
+#include <utility>
+
+namespace zav {
+
+namespace {
+
+constexpr std::string_view kDeclaration = "xmlns:";
+constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
+
+struct QualifiedName {
+  std::string_view prefix;  // empty when there is none
+  std::string_view local;
+};
+
+QualifiedName Split(std::string_view name) {
+  const std::size_t colon = name.find(':');
+  if (colon == std::string_view::npos) return {{}, name};
+  return {name.substr(0, colon), name.substr(colon + 1)};
+}
+
+// Any other colon would be taken for the end of a prefix by some reader.
+bool HasStrayColon(std::string_view name) {
+  return name.front() == ':' || name.back() == ':' || name.find(':') != name.rfind(':');
+}
+
+std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+}  // namespace
+
+std::string_view DeclaredPrefix(const XmlAttribute& attribute) {
+  const std::string_view name = attribute.name;
+  return name.starts_with(kDeclaration) ? name.substr(kDeclaration.size()) : std::string_view();
+}
+
+std::string XmlNamespaces::Open(std::string_view name,
+                                const std::vector<XmlAttribute>& attributes) {
+  std::string problem;
+  for (const XmlAttribute& attribute : attributes) {
+    if (problem.empty() && !DeclaredPrefix(attribute).empty()) problem = Declare(attribute);
+  }
+  if (problem.empty()) problem = CheckName(name);
+  for (const XmlAttribute& attribute : attributes) {
+    if (problem.empty()) problem = CheckName(attribute.name);
+  }
+  return problem.empty() ? CheckSameNames(attributes) : problem;
+}
+
+void XmlNamespaces::Close(const std::vector<XmlAttribute>& attributes) {
+  for (const XmlAttribute& attribute : attributes) {
+    const auto binding = bindings_.find(DeclaredPrefix(attribute));
+    if (binding == bindings_.end()) continue;
+    binding->second.pop_back();
+    if (binding->second.empty()) bindings_.erase(binding);
+  }
+}
+
+std::string XmlNamespaces::Declare(const XmlAttribute& attribute) {
+  const std::string_view prefix = DeclaredPrefix(attribute);
+  const bool isXml = prefix == "xml";
+  if (prefix == "xmlns" || isXml != (attribute.value == kXmlNamespace)) {
+    return "expected no other meaning of a reserved prefix or namespace, found " +
+           Quoted(attribute.name);
+  }
+  if (attribute.value.empty()) {
+    return "expected a namespace, found nothing in " + Quoted(attribute.name);
+  }
+  bindings_[std::string(prefix)].push_back(attribute.value);
+  return {};
+}
+
+std::string XmlNamespaces::CheckName(std::string_view name) const {
+  if (HasStrayColon(name)) {
+    return "expected a name with at most one prefix, found " + Quoted(name);
+  }
+  const std::string_view prefix = Split(name).prefix;
+  if (prefix.empty() || name.starts_with(kDeclaration) || Find(prefix) != nullptr) return {};
+  return "expected a declared prefix, found " + Quoted(name);
+}
+
+// Two prefixes may be bound to one namespace: then a:x and b:x are the same attribute twice.
+std::string XmlNamespaces::CheckSameNames(const std::vector<XmlAttribute>& attributes) const {
+  std::set<std::pair<std::string_view, std::string_view>> seen;
+  for (const XmlAttribute& attribute : attributes) {
+    const QualifiedName name = Split(attribute.name);
+    const std::string* space = name.prefix.empty() ? nullptr : Find(name.prefix);
+    if (space != nullptr && !seen.emplace(*space, name.local).second) {
+      return "expected each attribute once, found " + Quoted(attribute.name) +
+             " under two prefixes";
+    }
+  }
+  return {};
+}
+
+const std::string* XmlNamespaces::Find(std::string_view prefix) const {
+  static const std::string xmlNamespace(kXmlNamespace);
+  if (prefix == "xml") return &xmlNamespace;
+  const auto binding = bindings_.find(prefix);
+  return binding == bindings_.end() ? nullptr : &binding->second.back();
+}
+
+}  // namespace zav
