@@ -27,11 +27,14 @@ constexpr int kDoubleDigits = 15;
 
 [[noreturn]] void RaiseOverflow() { throw AutomationError(error_number::kOverflow, "Overflow"); }
 
-// The digits of a hexadecimal literal, or nothing for any other text.
-std::optional<std::string_view> HexadecimalDigits(std::string_view text) {
+constexpr std::string_view kHexadecimalPrefix = "&H";
+constexpr std::string_view kColorPrefix = "H";
+
+// What follows the prefix, or nothing when the text does not begin with it.
+std::optional<std::string_view> DigitsBehind(std::string_view prefix, std::string_view text) {
   const std::string_view trimmed = TrimBlanks(text);
-  if (!EqualIgnoringCase(trimmed.substr(0, 2), "&H")) return std::nullopt;
-  return trimmed.substr(2);
+  if (!EqualIgnoringCase(trimmed.substr(0, prefix.size()), prefix)) return std::nullopt;
+  return trimmed.substr(prefix.size());
 }
 
 // The integer that has the bits written by the digits.
@@ -90,7 +93,7 @@ double FromDecimal(std::string_view text) {
 }
 
 double FromText(std::string_view text) {
-  const std::optional<std::string_view> digits = HexadecimalDigits(text);
+  const std::optional<std::string_view> digits = DigitsBehind(kHexadecimalPrefix, text);
   return digits ? FromHexadecimal<std::int32_t>(*digits) : FromDecimal(text);
 }
 
@@ -123,7 +126,8 @@ Integer RoundTo(double value) {
 template <typename Integer>
 Integer ToInteger(const Variant& value) {
   if (const auto* text = std::get_if<std::string>(&value)) {
-    if (const auto digits = HexadecimalDigits(*text)) return FromHexadecimal<Integer>(*digits);
+    const auto digits = DigitsBehind(kHexadecimalPrefix, *text);
+    if (digits) return FromHexadecimal<Integer>(*digits);
   }
   return RoundTo<Integer>(ToDouble(value));
 }
@@ -184,7 +188,7 @@ ObjectRef ToObject(const Variant& value) {
 
 std::int32_t ToColor(const Variant& value) {
   const auto* text = std::get_if<std::string>(&value);
-  const auto digits = text != nullptr ? HexadecimalDigits("&" + *text) : std::nullopt;
+  const auto digits = text != nullptr ? DigitsBehind(kColorPrefix, *text) : std::nullopt;
   if (!digits || digits->size() > 8) RaiseTypeMismatch();
   return FromHexadecimal<std::int32_t>(*digits);
 }
