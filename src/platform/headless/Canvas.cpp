@@ -68,7 +68,8 @@ Argb Average(const HeadlessPicture& picture, const PixelRect& rect) {
     }
   }
   if (alpha == 0) return 0;
-  const auto count = static_cast<std::uint64_t>(rect.width) * static_cast<std::uint64_t>(rect.height);
+  const auto count =
+      static_cast<std::uint64_t>(rect.width) * static_cast<std::uint64_t>(rect.height);
   return static_cast<Argb>(((alpha / count) << 24U) | ((red / alpha) << 16U) |
                            ((green / alpha) << 8U) | (blue / alpha));
 }
@@ -99,7 +100,7 @@ float InsideRound(const PixelRect& rect, float radius, float x, float y) {
 }  // namespace
 
 Argb ArgbOf(std::int32_t controlColor) {
-  constexpr Argb kButtonFace = 0xFFF0F0F0U;
+  constexpr Argb kButtonFace = 0xFFC8CCD0U;
   const auto color = static_cast<std::uint32_t>(controlColor);
   if (color > 0xFFFFFFU) return kButtonFace;
   return kOpaque | ((color & 0xFFU) << 16U) | (color & 0xFF00U) | (color >> 16U);
@@ -139,7 +140,8 @@ void Canvas::PopClip() { clips_.pop_back(); }
 
 // The caller has clipped.
 void Canvas::Blend(int x, int y, Argb color, float coverage) {
-  const int alpha = WholePixel(static_cast<float>(Channel(color, 24)) * std::clamp(coverage, 0.0F, 1.0F));
+  const int alpha =
+      WholePixel(static_cast<float>(Channel(color, 24)) * std::clamp(coverage, 0.0F, 1.0F));
   Argb& under = At(x, y);
   Argb mixed = kOpaque;
   for (const unsigned shift : {16U, 8U, 0U}) {
@@ -161,8 +163,8 @@ void Canvas::FillRound(const PixelRect& rect, float radius, Argb color) {
   const PixelRect part = Clipped(rect);
   for (int y = part.top; y < part.Bottom(); ++y) {
     for (int x = part.left; x < part.Right(); ++x) {
-      const float inside = InsideRound(rect, radius, static_cast<float>(x) + 0.5F,
-                                       static_cast<float>(y) + 0.5F);
+      const float inside =
+          InsideRound(rect, radius, static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F);
       Blend(x, y, color, inside + 0.5F);
     }
   }
@@ -228,7 +230,7 @@ void Canvas::DrawText(std::string_view line, float left, int top, const TextStyl
   if (style.struckOut) FillRect({stroke.left, raised, stroke.width, pen}, color);
 }
 
-void Canvas::DrawPicture(const Picture& picture, const PixelRect& rect) {
+void Canvas::DrawPicture(const Picture& picture, const PixelRect& rect, float opacity) {
   const auto* source = dynamic_cast<const HeadlessPicture*>(&picture);
   if (source == nullptr || source->pixels().empty()) return;
   const PixelRect part = Clipped(rect);
@@ -236,7 +238,8 @@ void Canvas::DrawPicture(const Picture& picture, const PixelRect& rect) {
     const Part rows = PartOf(source->HeightPixels(), rect.height, y - rect.top);
     for (int x = part.left; x < part.Right(); ++x) {
       const Part columns = PartOf(source->WidthPixels(), rect.width, x - rect.left);
-      Blend(x, y, Average(*source, {columns.first, rows.first, columns.count, rows.count}), 1);
+      Blend(x, y, Average(*source, {columns.first, rows.first, columns.count, rows.count}),
+            opacity);
     }
   }
 }

@@ -61,7 +61,7 @@ class Canvas {
   // One line of text; top is the top of the line. Raises 53 when the font's file is not there.
   void DrawText(std::string_view line, float left, int top, const TextStyle& style, Argb color);
   // Scaled to the rectangle. Only pictures of the headless platform show.
-  void DrawPicture(const Picture& picture, const PixelRect& rect);
+  void DrawPicture(const Picture& picture, const PixelRect& rect, float opacity = 1);
   // Repeated over the rectangle, one of them with its top left corner at the origin.
   void TilePicture(const Picture& picture, const PixelRect& rect, int originX, int originY);
 

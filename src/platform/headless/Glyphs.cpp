@@ -19,8 +19,8 @@ constexpr int kScreenDpi = 96;
 using Image = std::unique_ptr<gdImage, decltype(&gdImageDestroy)>;
 
 std::string FontFile(bool bold) {
-  const std::string file = std::string("/usr/share/fonts/truetype/dejavu/DejaVuSans") +
-                           (bold ? "-Bold.ttf" : ".ttf");
+  const std::string file =
+      std::string("/usr/share/fonts/truetype/dejavu/DejaVuSans") + (bold ? "-Bold.ttf" : ".ttf");
   if (std::filesystem::exists(file)) return file;
   throw AutomationError(error_number::kFileNotFound,
                         "Font file not found: " + file + " (Debian package fonts-dejavu-core)");
@@ -53,16 +53,17 @@ Sketch DrawLarge(char32_t character, float pixels, bool bold) {
   std::string file = FontFile(bold);
   std::string text = Encode(character);
   const int white = gdTrueColor(255, 255, 255);
-  const char* failure =
-      gdImageStringFTEx(sketch.image.get(), nullptr, white, file.data(),
-                        static_cast<double>(pixels * kPointsPerPixel), 0.0, sketch.left,
-                        sketch.base, text.data(), &extra);
+  const char* failure = gdImageStringFTEx(sketch.image.get(), nullptr, white, file.data(),
+                                          static_cast<double>(pixels * kPointsPerPixel), 0.0,
+                                          sketch.left, sketch.base, text.data(), &extra);
   if (failure == nullptr) return sketch;
-  throw AutomationError(error_number::kFileAccess, "Font file not usable: " + file + ", " + failure);
+  throw AutomationError(error_number::kFileAccess,
+                        "Font file not usable: " + file + ", " + failure);
 }
 
 std::uint8_t CoverageAt(const Sketch& sketch, int x, int y) {
-  return static_cast<std::uint8_t>(gdTrueColorGetBlue(gdImageTrueColorPixel(sketch.image.get(), x, y)));
+  return static_cast<std::uint8_t>(
+      gdTrueColorGetBlue(gdImageTrueColorPixel(sketch.image.get(), x, y)));
 }
 
 Glyph Trim(const Sketch& sketch) {

@@ -69,7 +69,8 @@ std::string RomanNumber(int number, bool upper) {
   for (const auto& [value, letters] : kSteps) {
     for (; number >= value; number -= value) text += letters;
   }
-  if (upper) std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c & ~0x20; });
+  if (upper)
+    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c & ~0x20; });
   return text;
 }
 
@@ -176,7 +177,8 @@ class HtmlLayout::Container final : public litehtml::document_container {
   }
   [[nodiscard]] const char* get_default_font_name() const override { return "sans-serif"; }
 
-  void draw_list_marker(litehtml::uint_ptr /*canvas*/, const litehtml::list_marker& marker) override {
+  void draw_list_marker(litehtml::uint_ptr /*canvas*/,
+                        const litehtml::list_marker& marker) override {
     const PixelRect box = RectOf(marker.pos);
     const Argb color = ColorOf(marker.color);
     const auto radius = static_cast<float>(box.width) / 2;

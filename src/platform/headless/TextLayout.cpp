@@ -1,7 +1,6 @@
 #include "platform/headless/TextLayout.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace zav {
 namespace {
@@ -78,11 +77,16 @@ std::vector<std::string_view> BreakLines(std::string_view text, const TextStyle&
 
 int TextHeightPixels(const RichContent& content, int widthPixels,
                      const PictureLoader& loadPicture) {
-  if (content.isHtml) return HtmlHeightPixels(content.text, widthPixels, {0, content.font, loadPicture});
+  constexpr std::size_t kMostLines = 100000;
+  if (content.text.empty()) return 0;
+  if (content.isHtml) {
+    return HtmlHeightPixels(content.text, widthPixels,
+                            {kRichTextMargin, content.font, loadPicture});
+  }
   const TextStyle style = StyleOf(content.font);
-  const std::size_t lines = BreakLines(content.text, style, widthPixels).size();
-  const std::size_t most = std::numeric_limits<int>::max() / LineHeightPixels(style);
-  return static_cast<int>(std::min(lines, most)) * LineHeightPixels(style);
+  const int room = widthPixels - 2 * kRichTextMargin;
+  const std::size_t lines = std::min(kMostLines, BreakLines(content.text, style, room).size());
+  return static_cast<int>(lines) * LineHeightPixels(style) + 2 * kRichTextMargin;
 }
 
 }  // namespace zav

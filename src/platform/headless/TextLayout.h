@@ -18,8 +18,11 @@ namespace zav {
 std::vector<std::string_view> BreakLines(std::string_view text, const TextStyle& style,
                                          int widthPixels);
 
-// The height that the content takes when it is laid out that wide; 0 without content. Pictures of
-// HTML content come from loadPicture.
+// Between the edges of a rich-text control and what it holds.
+inline constexpr int kRichTextMargin = 3;
+
+// The height that a rich-text control of that width needs for its content, margins included; 0
+// without content. Pictures of HTML content come from loadPicture.
 int TextHeightPixels(const RichContent& content, int widthPixels,
                      const PictureLoader& loadPicture = {});
 
