@@ -52,7 +52,7 @@ class KeyCompiler {
     std::size_t firstAsserted;        // the level's asserted terms are those from here on
     std::size_t operandAsserted = 0;  // and the present operand's those from here on
     bool negated = false;             // the present operand is under a NOT
-    std::optional<std::size_t> skip = std::nullopt;  // the jump over the present operand
+    std::optional<std::size_t> skip = std::nullopt;  // the jump over it, from the second operand on
   };
 
   [[nodiscard]] std::string_view Rest() const { return std::string_view(text_).substr(position_); }
@@ -91,7 +91,6 @@ class KeyCompiler {
       asserted_.resize(level.operandAsserted);
     }
     if (level.skip) key_.program_[*level.skip].argument = NextInstruction();
-    level.skip.reset();
   }
 
   // Reads up to the next operand; false at the end of the key or at a fault.

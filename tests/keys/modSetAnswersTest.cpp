@@ -123,6 +123,7 @@ TEST(modSetAnswers, RaisesAnErrorForAnEmptyOperand) {
       {"also behind parentheses that failed", "(a1) AND ()", "error 5"},
       {"also behind text that failed in parentheses", "(A1 x) AND ()", "error 5"},
       {"not behind a term that failed", "a1 AND ()", ""},
+      {"not behind a connective in an operand's place", "( AND ())", ""},
       {"not behind a stray )", "A1) AND ()", ""},
       {"not behind a missing )", "(A1 AND ()", ""},
   };
