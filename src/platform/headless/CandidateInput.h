@@ -1,0 +1,61 @@
+// The candidate's mouse and keyboard on the headless platform: finds the control that they act on
+// and raises its events. Places are twips of the window that the forms stand in.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "controls/Control.h"
+#include "controls/Splitter.h"
+#include "platform/headless/PageStore.h"
+#include "platform/headless/WindowTable.h"
+
+namespace zav {
+
+class CandidateInput {
+ public:
+  // Both outlive the input.
+  CandidateInput(const WindowTable& windows, PageStore& pages) : windows_(windows), pages_(pages) {}
+
+  void Press(Point at);
+  void MoveTo(Point at);
+  void Release();
+  void Cancel();
+  void LoseRelease() { capture_.reset(); }
+  [[nodiscard]] bool IsPressed() const { return capture_.has_value(); }
+
+  void Focus(Control& control);
+  [[nodiscard]] Control* Focused() const { return Find(focused_); }
+  void Key(const KeyEvent& event);
+
+ private:
+  // What lasts from a press to its release. Controls are named by id, because they may go at any
+  // time in between.
+  struct Capture {
+    ControlId control = 0;  // 0: pressed where no form is
+    Point pressedAt;
+    std::string element;     // of the page that was pressed on
+    bool selecting = false;  // the page has been told that the pointer is drawn over its text
+    std::optional<Splitter::Bar> bar;
+    float paneSize = 0;  // of the bar's pane at the press
+  };
+
+  [[nodiscard]] Control* Find(ControlId id) const;
+  [[nodiscard]] Control* UnderPointer() const;
+  [[nodiscard]] MouseEvent EventFor(const Control& control, MouseButton button) const;
+  Control* Hover();
+  void StartCapture();
+  void GrabBar(const Splitter& splitter);
+  void DropBar(const Capture& capture);
+  void SelectText(HtmlPane& pane);
+  void Click(Control& control, const Capture& capture);
+
+  const WindowTable& windows_;
+  PageStore& pages_;
+  Point at_;
+  ControlId hovered_ = 0;
+  ControlId focused_ = 0;
+  std::optional<Capture> capture_;
+};
+
+}  // namespace zav
