@@ -62,7 +62,16 @@ void RequireXmlCharacters(std::string_view text) {
   }
 }
 
-// The parser alone knows what a name is.
+bool IsLetter(char character) {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+// What nearly every name is, told without a parser.
+bool IsPlainName(std::string_view name) {
+  return !name.empty() && std::all_of(name.begin(), name.end(), IsLetter);
+}
+
+// The parser alone knows what any name may be.
 bool IsXmlName(const std::string& name) {
   XmlTree tree;
   try {
@@ -74,7 +83,7 @@ bool IsXmlName(const std::string& name) {
 }
 
 void RequireXmlName(std::string_view name) {
-  if (!IsXmlName(std::string(name))) {
+  if (!IsPlainName(name) && !IsXmlName(std::string(name))) {
     RaiseInvalidArgument("Not a name that XML allows here: " + std::string(name));
   }
 }

@@ -28,6 +28,10 @@ bool HasStrayColon(std::string_view name) {
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
+std::string StrayColon(std::string_view name) {
+  return "expected a name with at most one prefix, found " + Quoted(name);
+}
+
 }  // namespace
 
 std::string_view DeclaredPrefix(const XmlAttribute& attribute) {
@@ -43,7 +47,8 @@ std::string XmlNamespaces::Open(std::string_view name,
   }
   if (problem.empty()) problem = CheckName(name);
   for (const XmlAttribute& attribute : attributes) {
-    if (problem.empty()) problem = CheckName(attribute.name);
+    const bool isDeclaration = !DeclaredPrefix(attribute).empty();
+    if (problem.empty() && !isDeclaration) problem = CheckName(attribute.name);
   }
   return problem.empty() ? CheckSameNames(attributes) : problem;
 }
@@ -58,6 +63,7 @@ void XmlNamespaces::Close(const std::vector<XmlAttribute>& attributes) {
 }
 
 std::string XmlNamespaces::Declare(const XmlAttribute& attribute) {
+  if (HasStrayColon(attribute.name)) return StrayColon(attribute.name);
   const std::string_view prefix = DeclaredPrefix(attribute);
   const bool isXml = prefix == "xml";
   if (prefix == "xmlns" || isXml != (attribute.value == kXmlNamespace)) {
@@ -72,11 +78,9 @@ std::string XmlNamespaces::Declare(const XmlAttribute& attribute) {
 }
 
 std::string XmlNamespaces::CheckName(std::string_view name) const {
-  if (HasStrayColon(name)) {
-    return "expected a name with at most one prefix, found " + Quoted(name);
-  }
+  if (HasStrayColon(name)) return StrayColon(name);
   const std::string_view prefix = Split(name).prefix;
-  if (prefix.empty() || name.starts_with(kDeclaration) || Find(prefix) != nullptr) return {};
+  if (prefix.empty() || Find(prefix) != nullptr) return {};
   return "expected a declared prefix, found " + Quoted(name);
 }
 
