@@ -17,6 +17,8 @@ AutomationError CurrentError() {
     return {error_number::kOutOfMemory, "Out of memory"};
   } catch (const std::exception& error) {
     return {error_number::kInternal, error.what()};
+  } catch (...) {
+    return {error_number::kInternal, "Internal error"};
   }
 }
 

@@ -1,0 +1,47 @@
+#include "form/AreaRefresh.h"
+
+#include "automation/Conversions.h"
+
+namespace zav {
+
+void AreaRefresh::RefreshWorkArea() {
+  form_.Trap("RefreshWorkArea", [&] {
+    FormControls& controls = form_.controls;
+    controls.pcWork.Clear();
+    PaintBackground();
+    for (const ShapeSegment& segment : form_.tables.ShapeSegments) {
+      drawing_.DrawLine(controls.pcWork, segment);
+    }
+    const int count = static_cast<int>(form_.tables.TargetList.Count());
+    for (int t = 1; t <= count; ++t) {
+      const PictureButton& picture = controls.imgTarget[t];
+      drawing_.DrawTargetWell(controls.pcWork, picture, form_.tables.GroupOf(picture.tag()));
+    }
+  });
+}
+
+void AreaRefresh::PaintBackground() {
+  const PictureRef& background = form_.controls.pcWorkLoad.picture();
+  if (!background) return;
+  DataIO& document = form_.Document();
+  const CursorScope keep(document);
+  document.SetFromRoot(true);
+  document.FindNode("WorkArea");
+  const float left = ToSingle(document.GetAttribute("ImageLeft"));
+  const float top = ToSingle(document.GetAttribute("ImageTop"));
+  form_.controls.pcWork.PaintPicture(background,
+                                     {left / static_cast<float>(form_.tables.ItemTwipsPerPixelX),
+                                      top / static_cast<float>(form_.tables.ItemTwipsPerPixelY)});
+}
+
+void AreaRefresh::RefreshSourceArea() {
+  form_.Trap("RefreshSourceArea", [&] {
+    FormControls& controls = form_.controls;
+    controls.pcSource.Clear();
+    for (int s = 1; s <= controls.imgSource.UpperBound(); ++s) sourceLook_.DrawCard(s);
+    const int groups = static_cast<int>(form_.tables.GroupList.Count());
+    for (int k = 1; k <= groups; ++k) controls.txtSourceHeading[k].BringToFront();
+  });
+}
+
+}  // namespace zav

@@ -1,0 +1,31 @@
+// Where a gesture stands.
+#pragma once
+
+#include <cstdint>
+
+#include "controls/Control.h"
+
+namespace zav {
+
+struct DragState {
+  bool ItemPressed = false;  // pressed on a source item or an occupied target, not yet released
+  std::int32_t PressX = 0;   // where on a source cover, twips
+  std::int32_t PressY = 0;
+  std::int32_t TargetPressX = 0;  // where on a target cover, twips
+  std::int32_t TargetPressY = 0;
+  std::int16_t CurrentTarget = 0;      // the target under the dragged item, 0: none
+  bool OverSourceArea = false;         // the dragged item is over the source area
+  std::int16_t HighlightedTarget = 0;  // the target that shows the highlight frame, 0: none
+  bool SourceUsedUp = false;           // what the last count of a source item's uses found
+
+  // The glide of a refused or returned item. All positions are twips.
+  Control* AnimObject = nullptr;
+  std::int32_t AnimLeft = 0;
+  std::int32_t AnimTop = 0;
+  std::int32_t AnimEndLeft = 0;
+  std::int32_t AnimEndTop = 0;
+  std::int32_t AnimStepX = 0;
+  std::int32_t AnimStepY = 0;
+};
+
+}  // namespace zav

@@ -1,0 +1,66 @@
+// What the form builds from the item document and looks up while the candidate works.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/clsGroup.h"
+#include "document/KeyedList.h"
+#include "document/clsTarget.h"
+#include "platform/Geometry.h"
+
+namespace zav {
+
+// Uses of each source item. Column 1 is how many are allowed, column 2 how many targets hold it.
+class SourceUsesTable {
+ public:
+  void Resize(int sourceCount) { uses_.assign(static_cast<std::size_t>(sourceCount) + 2, {}); }
+  void Clear() { uses_.clear(); }
+  // Raises 9 for a source or a column outside the table.
+  std::int16_t& operator()(int source, int column);
+
+ private:
+  std::vector<std::array<std::int16_t, 3>> uses_;
+};
+
+// The drawn outlines: one row a segment, from row 1 on.
+struct ShapeSegment {
+  std::int32_t startX = 0;  // pixels of the work picture
+  std::int32_t startY = 0;
+  std::int32_t endX = 0;
+  std::int32_t endY = 0;
+  std::int32_t drawWidth = 0;  // pixels
+  std::int32_t drawColor = 0;
+};
+
+struct ItemTables {
+  KeyedList<clsTarget> TargetList;  // position: index of the target's controls
+  KeyedList<clsGroup> GroupList;
+  SourceUsesTable SourceUses;
+  std::vector<std::string> SourceTexts;  // formatted texts, in source order
+  std::vector<ShapeSegment> ShapeSegments;
+  bool HasShapes = false;
+
+  std::int16_t ItemTwipsPerPixelX = 0;  // of the authoring display
+  std::int16_t ItemTwipsPerPixelY = 0;
+  bool SourceAreaOnLeft = true;
+  std::int32_t SourceAreaHeight = 0;  // twips of the running display
+  std::int32_t SourceAreaWidth = 0;
+
+  // An authored position or size in pixels. Raises 13 for text that is no number, 11 when the item
+  // does not say how its display was measured.
+  [[nodiscard]] float PixelsX(const Variant& authored) const;
+  [[nodiscard]] float PixelsY(const Variant& authored) const;
+
+  // The record of the group that the tag names. Raises 5 for a group that is not there.
+  clsGroup& GroupOf(std::string_view tag);
+  // The formatted text of a source item. Raises 9 for an index that has none.
+  const std::string& SourceText(int source) const;
+
+  void Clear();
+};
+
+}  // namespace zav

@@ -1,0 +1,181 @@
+#include "form/SourceArea.h"
+
+#include <utility>
+
+#include "automation/Conversions.h"
+#include "automation/Text.h"
+#include "document/ItemTag.h"
+#include "form/ChromePages.h"
+
+namespace zav {
+namespace {
+
+constexpr float kAnswerButtonWidthTwips = 330;
+constexpr float kAnswerButtonHeightTwips = 210;
+constexpr float kScrollerRoomPixels = 10;
+
+}  // namespace
+
+void SourceArea::LoadSourceArea() {
+  form_.Trap("LoadSourceArea", [&] {
+    const CursorScope keep(form_.Document());
+    LoadGroups();
+    SizeSourcePicture();
+    LoadSources();
+    SizeScroller();
+  });
+}
+
+void SourceArea::LoadGroups() {
+  DataIO& document = form_.Document();
+  document.SetFromRoot(true);
+  document.FindNode("Groups");
+  const std::int32_t count = document.ChildCount();
+  for (std::int32_t g = 0; g < count; ++g) {
+    document.MoveToChild(g);
+    LoadGroup(g);
+    document.MoveToParent();
+  }
+}
+
+void SourceArea::LoadGroup(int entry) {
+  DataIO& document = form_.Document();
+  const ItemTables& tables = form_.tables;
+  clsGroup group;
+  group.GroupId = ToText(document.GetAttribute("GroupID"));
+  const auto size = [&](std::string_view name) {
+    return document.GetChildAttributeByName("ItemSettings", name);
+  };
+  group.ItemHeight = RoundToInt16(tables.PixelsY(size("ItemHeight")) * form_.TwipsY());
+  group.ItemWidth = RoundToInt16(tables.PixelsX(size("ItemWidth")) * form_.TwipsX());
+  HtmlPane& heading = form_.controls.txtSourceHeading[entry + 1];
+  group.Heading = &heading;
+  const std::string groupId = group.GroupId;
+  form_.tables.GroupList.Add(std::move(group), groupId);
+  document.MoveToChild(2);
+  document.MoveToChild(0);
+  LoadHeading(heading, groupId);
+  document.MoveToParent();
+  document.MoveToParent();
+}
+
+void SourceArea::LoadHeading(HtmlPane& heading, const std::string& groupId) {
+  heading.Show();
+  heading.SetHasBorder(true);
+  heading.SetTag(groupId);
+  const std::string text = ToText(form_.Document().GetText());
+  if (!IsHtml(text)) return;
+  pages_.Load(heading, createAreaTitle(text));
+  heading.SetMargin(0);
+}
+
+void SourceArea::SizeSourcePicture() {
+  DataIO& document = form_.Document();
+  document.SetFromRoot(true);
+  document.FindNode("SourceArea");
+  ItemTables& tables = form_.tables;
+  tables.SourceAreaHeight =
+      RoundToInt32(tables.PixelsY(document.GetAttribute("Height")) * form_.TwipsY());
+  tables.SourceAreaWidth =
+      RoundToInt32(tables.PixelsX(document.GetAttribute("Width")) * form_.TwipsX());
+  form_.controls.pcSource.Resize(static_cast<float>(tables.SourceAreaWidth),
+                                 static_cast<float>(tables.SourceAreaHeight));
+}
+
+void SourceArea::LoadSources() {
+  DataIO& document = form_.Document();
+  const std::int32_t count = document.ChildCount();
+  form_.tables.SourceUses.Resize(count);
+  pictureName_.clear();
+  lastPicture_.reset();
+  for (std::int32_t s = 0; s < count; ++s) {
+    document.MoveToChild(s);
+    LoadSource(s + 1);
+    document.MoveToParent();
+  }
+}
+
+void SourceArea::LoadSource(int source) {
+  const SourceEntry entry = ReadEntry();
+  FormControls& controls = form_.controls;
+  entry.group->Heading->SetWidth(controls.pcSource.width());
+  ++entry.group->SourceCount;
+  PictureButton& picture = controls.imgSource.Load(source);
+  RichText& text = controls.txtSource.Load(source);
+  PictureButton& cover = controls.imgSourceCover.Load(source);
+  for (Control* control : {static_cast<Control*>(&picture), static_cast<Control*>(&text),
+                           static_cast<Control*>(&cover)}) {
+    control->SetTag(entry.tag);
+    control->Show();
+  }
+  picture.SetPicture(entry.picture);
+  if (!entry.picture) picture.Resize(1, 1);
+  form_.tables.SourceUses(source, 1) = entry.allowedUses;
+  form_.tables.SourceUses(source, 2) = 0;
+  if (form_.options.ShowAnswers) LoadAnswerButton(source, GetAnswerId(entry.tag));
+  text.SetWidth(static_cast<float>(entry.group->ItemWidth));
+  text.Load(entry.text);
+  form_.tables.SourceTexts.push_back(text.Export());
+  entry.group->Sources.push_back(&text);
+}
+
+// Whatever can fail about a source fails here, before anything of it was built.
+SourceArea::SourceEntry SourceArea::ReadEntry() {
+  DataIO& document = form_.Document();
+  SourceEntry entry;
+  entry.group = &GroupOfEntry();
+  entry.picture = ReadPicture();
+  entry.allowedUses = ToInt16(document.GetAttribute("NumUses"));
+  entry.tag = ToText(document.GetAttribute("SourceID")) + "*" + entry.group->GroupId + "*" +
+              ToText(document.GetAttribute("AnswerValue"));
+  entry.text = ReadText();
+  return entry;
+}
+
+// Groups are compared exactly as they are written, unlike the keys of their list.
+clsGroup& SourceArea::GroupOfEntry() {
+  const std::string groupId = ToText(form_.Document().GetAttribute("GroupID"));
+  for (clsGroup& group : form_.tables.GroupList) {
+    if (group.GroupId == groupId) return group;
+  }
+  throw AutomationError(error_number::kObjectNotSet,
+                        "Source " + ToText(form_.Document().GetAttribute("SourceID")) +
+                            " names no group: " + groupId);
+}
+
+PictureRef SourceArea::ReadPicture() {
+  const std::string name = ToText(form_.Document().GetAttribute("ImagePath"));
+  if (name.empty()) return {};
+  if (name != pictureName_) {
+    lastPicture_ = pages_.LoadGraphic(form_.Owner().ExternalSupport(), name);
+    pictureName_ = name;
+  }
+  return lastPicture_;
+}
+
+std::string SourceArea::ReadText() {
+  DataIO& document = form_.Document();
+  if (!document.MoveToChild(0)) return {};
+  std::string text = ToText(document.GetText());
+  document.MoveToParent();
+  return IsHtml(text) ? pages_.RewriteGraphicsPaths(text) : text;
+}
+
+void SourceArea::LoadAnswerButton(int source, const std::string& answerValue) {
+  PictureButton& button = form_.controls.cmdSourceValue.Load(source);
+  const PictureButton& cover = form_.controls.imgSourceCover[source];
+  button.Show();
+  button.Move({cover.left(), cover.top(), kAnswerButtonWidthTwips, kAnswerButtonHeightTwips});
+  button.SetCaption(answerValue);
+}
+
+void SourceArea::SizeScroller() {
+  FormControls& controls = form_.controls;
+  controls.pcSource.MoveTo(0, 0);
+  controls.scrSource.SetScrollHeight(static_cast<float>(RoundToInt32(controls.pcSource.height())));
+  controls.scrSource.SetScrollWidth(static_cast<float>(RoundToInt32(
+      kScrollerRoomPixels * form_.TwipsX() + static_cast<float>(form_.tables.SourceAreaWidth))));
+  controls.scrSource.SetHeight(controls.pcSource.height());
+}
+
+}  // namespace zav

@@ -1,0 +1,72 @@
+#include "form/StateRecorder.h"
+
+#include "automation/Conversions.h"
+#include "automation/Text.h"
+
+namespace zav {
+namespace {
+
+// Gives the cursor back; searches then start at the root again, whatever they did before.
+class RecorderScope {
+ public:
+  explicit RecorderScope(DataIO& document)
+      : document_(document), node_(document.GetCurrentNode()) {}
+  RecorderScope(const RecorderScope&) = delete;
+  RecorderScope& operator=(const RecorderScope&) = delete;
+  ~RecorderScope() {
+    document_.SetFromRoot(true);
+    document_.SetCurrentNode(node_);
+  }
+
+ private:
+  DataIO& document_;
+  NodeHandle node_;
+};
+
+// Puts the cursor on the state section, with searches limited to it.
+bool EnterState(DataIO& document) {
+  document.SetFromRoot(true);
+  if (!document.FindNode("State")) return false;
+  document.SetFromRoot(false);
+  return true;
+}
+
+}  // namespace
+
+void StateRecorder::WriteStateResponse(std::string_view response) {
+  DataIO& document = form_.Document();
+  const RecorderScope keep(document);
+  if (!EnterState(document) || !document.FindNode("Responses") ||
+      !document.AddNode("Responses", "Response")) {
+    throw AutomationError(error_number::kObjectNotSet, "The item has no state section");
+  }
+  document.SetText(response);
+}
+
+void StateRecorder::RemoveStateResponse(std::string_view answerId) {
+  form_.Trap("RemoveStateResponse", [&] {
+    DataIO& document = form_.Document();
+    const RecorderScope keep(document);
+    if (!EnterState(document) || !document.FindNode("Responses")) return;
+    const std::int32_t count = document.ChildCount();
+    for (std::int32_t i = 0; i < count; ++i) {
+      if (!Contains(ToText(document.GetChildText(i)), answerId)) continue;
+      document.MoveToChild(i);
+      document.RemoveNode("Response");
+      return;
+    }
+  });
+}
+
+void StateRecorder::WriteStateValue(std::string_view name, std::string_view value) {
+  if (form_.layout.StatePending) return;
+  form_.Trap("WriteStateValue", [&] {
+    DataIO& document = form_.Document();
+    const RecorderScope keep(document);
+    if (!EnterState(document)) return;
+    if (!document.FindNode(name)) document.AddNode("State", name);
+    document.SetText(value);
+  });
+}
+
+}  // namespace zav

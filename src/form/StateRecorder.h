@@ -1,0 +1,31 @@
+// Keeps the candidate's work in the state section of the item document, as it changes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "form/FormCore.h"
+
+namespace zav {
+
+class StateRecorder {
+ public:
+  explicit StateRecorder(FormCore& form) : form_(form) {}
+
+  // Appends a response. Raises 91 when the document has no state section; the document is then
+  // unchanged.
+  void WriteStateResponse(std::string_view response);
+
+  // Removes the first response whose text contains answerId. Reports under "RemoveStateResponse".
+  void RemoveStateResponse(std::string_view answerId);
+
+  // Writes a view value: into its element where there is one, else into a new one. Does nothing
+  // while a state is waiting to be loaded, or without a state section. Reports under
+  // "WriteStateValue".
+  void WriteStateValue(std::string_view name, std::string_view value);
+
+ private:
+  FormCore& form_;
+};
+
+}  // namespace zav

@@ -1,0 +1,66 @@
+#include "form/TargetLook.h"
+
+#include <utility>
+
+#include "automation/Text.h"
+#include "form/ItemLookup.h"
+#include "form/ItemParts.h"
+
+namespace zav {
+
+void TargetLook::Arrange(int target) { ArrangeHolding(target, HoldsItem(form_, target)); }
+
+void TargetLook::ArrangeHolding(int target, bool holdsItem) {
+  FormControls& controls = form_.controls;
+  PictureButton& picture = controls.imgTarget[target];
+  RichText& text = controls.txtTarget[target];
+  const Size item = form_.ItemPixels(form_.tables.GroupOf(picture.tag()));
+  const Rect whole{picture.left(), picture.top(), item.width, item.height};
+  ItemParts parts{item.height, 0};
+  if (holdsItem) {
+    const float content = text.ContentHeightTwips(item.width * form_.TwipsX()) / form_.TwipsY();
+    parts = DivideItem(item.height, picture.picture() != nullptr, content);
+  }
+  picture.Resize(item.width, parts.pictureHeight);
+  text.Move({whole.left, whole.top + parts.pictureHeight, item.width, parts.textHeight});
+  text.SetVisible(parts.textHeight > 0);
+  PictureButton& caption = controls.lblTargetCaption[target];
+  caption.Move(whole);
+  caption.SetVisible(!holdsItem && !TrimBlanks(caption.caption()).empty());
+  controls.imgTargetCover[target].Move(whole);
+}
+
+void TargetLook::ShowItem(int target, PictureRef picture, const std::string& text) {
+  form_.controls.imgTarget[target].SetPicture(std::move(picture));
+  form_.controls.txtTarget[target].Load(text);
+  ArrangeHolding(target, true);
+}
+
+void TargetLook::ShowEmpty(int target, PictureRef emptyPicture) {
+  form_.controls.imgTarget[target].SetPicture(std::move(emptyPicture));
+  form_.controls.txtTarget[target].ClearContents();
+  ArrangeHolding(target, false);
+  Restack(target);
+}
+
+void TargetLook::Restack(int target) {
+  form_.controls.imgTarget[target].BringToFront();
+  PictureButton& caption = form_.controls.lblTargetCaption[target];
+  if (caption.visible()) caption.BringToFront();
+  form_.controls.txtTarget[target].BringToFront();
+  form_.controls.imgTargetCover[target].BringToFront();
+  if (form_.options.ShowAnswers) form_.controls.cmdTargetAnswerValue[target].BringToFront();
+}
+
+void TargetLook::SetPointer(int target, Pointer pointer) {
+  form_.controls.imgTarget[target].SetPointer(pointer);
+  form_.controls.txtTarget[target].SetPointer(pointer);
+}
+
+void TargetLook::SetTag(int target, const std::string& tag) {
+  form_.controls.imgTarget[target].SetTag(tag);
+  form_.controls.imgTargetCover[target].SetTag(tag);
+  form_.controls.txtTarget[target].SetTag(tag);
+}
+
+}  // namespace zav

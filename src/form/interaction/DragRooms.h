@@ -1,0 +1,40 @@
+// What both kinds of drag, from a source item and from a target, share.
+#pragma once
+
+#include "form/AreaRefresh.h"
+#include "form/ItemLookup.h"
+#include "form/TargetLook.h"
+#include "form/interaction/DragFeedback.h"
+#include "form/interaction/DragPicture.h"
+#include "form/interaction/Drawing.h"
+#include "form/interaction/DropLocation.h"
+#include "form/interaction/Placement.h"
+
+namespace zav {
+
+struct DragRooms {
+  Drawing& drawing;
+  DropLocation& location;
+  DragPicture& picture;
+  DragFeedback& feedback;
+  Placement& placement;
+  AreaRefresh& refresh;
+  TargetLook& targetLook;
+};
+
+// Whether the pointer moved more than four pixels, on either axis, since the press. The vertical
+// size of a pixel serves for both axes.
+bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pressX,
+                 std::int32_t pressY);
+
+// Ends a drag as if it had never begun: the item is where it was, and nothing shows of the drag.
+void CancelDrag(FormCore& form, const DragRooms& rooms);
+
+// Glides the drag picture to a source item's place, where it disappears.
+void GlideToSource(FormCore& form, DragPicture& picture, int source);
+
+// Where the source pane, or the work picture as it is scrolled now, stands on the form, in twips.
+Point SourcePaneOrigin(const FormCore& form);
+Point WorkPictureOrigin(const FormCore& form);
+
+}  // namespace zav

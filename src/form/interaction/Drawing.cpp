@@ -1,0 +1,114 @@
+#include "form/interaction/Drawing.h"
+
+namespace zav {
+namespace {
+
+constexpr int kCardPen = 3;
+constexpr std::int32_t kCardShadow = 0xC0C0C0;
+constexpr std::int32_t kUsedCardShadow = 0x404040;
+constexpr std::int32_t kWellShade = 0x808080;
+constexpr std::int32_t kWellLight = 0xE0E0E0;
+
+// How far a card's shadow falls, and how much smaller than its card a used-up face is, in pixels.
+constexpr float kShadowOffset = 2;
+constexpr float kUsedFaceInset = 1;
+
+Rect Shifted(const Rect& rect, float by) {
+  return {rect.left + by, rect.top + by, rect.width, rect.height};
+}
+
+Rect Inset(const Rect& rect, float by) {
+  return {rect.left + by, rect.top + by, rect.width - 2 * by, rect.height - 2 * by};
+}
+
+void DrawTopAndLeft(PictureBox& surface, const Rect& rect, int penWidth, std::int32_t color) {
+  surface.DrawLine({rect.left, rect.top}, {rect.Right(), rect.top}, penWidth, color);
+  surface.DrawLine({rect.left, rect.Bottom()}, {rect.left, rect.top}, penWidth, color);
+}
+
+void DrawBottomAndRight(PictureBox& surface, const Rect& rect, int penWidth, std::int32_t color) {
+  surface.DrawLine({rect.Right(), rect.top}, {rect.Right(), rect.Bottom()}, penWidth, color);
+  surface.DrawLine({rect.Right(), rect.Bottom()}, {rect.left, rect.Bottom()}, penWidth, color);
+}
+
+}  // namespace
+
+Drawing::Outline Drawing::OutlineOf(CoordinateMode mode, const Control& item,
+                                    const clsGroup& group) const {
+  const bool twips = mode == CoordinateMode::Twips;
+  const float unit = twips ? form_.TwipsX() : 1;
+  const Size size =
+      twips ? Size{static_cast<float>(group.ItemWidth), static_cast<float>(group.ItemHeight)}
+            : form_.ItemPixels(group);
+  return {
+      {item.left() - unit, item.top() - 3 * unit, size.width + 2 * unit, size.height + 6 * unit},
+      unit};
+}
+
+void Drawing::DrawItemFrame(CoordinateMode mode, PictureBox& surface, const Control& item,
+                            const clsGroup& group, int penWidth, std::int32_t color) {
+  const Rect rect = OutlineOf(mode, item, group).rect;
+  surface.DrawLine({rect.left, rect.top}, {rect.Right(), rect.top}, penWidth, color);
+  surface.DrawLine({rect.Right(), rect.top}, {rect.Right(), rect.Bottom()}, penWidth, color);
+  surface.DrawLine({rect.Right(), rect.Bottom()}, {rect.left, rect.Bottom()}, penWidth, color);
+  surface.DrawLine({rect.left, rect.Bottom()}, {rect.left, rect.top}, penWidth, color);
+}
+
+void Drawing::DrawItemCard(CoordinateMode mode, PictureBox& surface, const Control& item,
+                           const clsGroup& group) {
+  const Outline outline = OutlineOf(mode, item, group);
+  surface.DrawFilledBox(Shifted(outline.rect, kShadowOffset * outline.unit), kCardPen, kCardShadow);
+  surface.DrawFilledBox(outline.rect, kCardPen, color::kWhite);
+}
+
+void Drawing::DrawUsedCard(CoordinateMode mode, PictureBox& surface, const Control& item,
+                           const clsGroup& group) {
+  const Outline outline = OutlineOf(mode, item, group);
+  surface.DrawFilledBox(Shifted(outline.rect, kShadowOffset * outline.unit), kCardPen,
+                        color::kWhite);
+  surface.DrawFilledBox(outline.rect, kCardPen, kUsedCardShadow);
+  surface.DrawFilledBox(Inset(outline.rect, kUsedFaceInset * outline.unit), kCardPen,
+                        color::kButtonFace);
+}
+
+void Drawing::DrawTargetWell(PictureBox& surface, const Control& target, const clsGroup& group) {
+  const Rect rect = OutlineOf(CoordinateMode::Pixels, target, group).rect;
+  surface.DrawFilledBox(rect, kCardPen, color::kWhite);
+  DrawTopAndLeft(surface, rect, kCardPen, kWellShade);
+  DrawBottomAndRight(surface, rect, kCardPen, kWellLight);
+}
+
+void Drawing::DrawLine(PictureBox& surface, const ShapeSegment& segment) {
+  surface.DrawLine({static_cast<float>(segment.startX), static_cast<float>(segment.startY)},
+                   {static_cast<float>(segment.endX), static_cast<float>(segment.endY)},
+                   segment.drawWidth, segment.drawColor);
+}
+
+void Drawing::ShowCallouts(bool visible) {
+  for (int k = 1; k <= kMostCallouts; ++k) {
+    HtmlPane& callout = form_.controls.txtCallout[k];
+    if (callout.tag().empty()) continue;
+    callout.SetVisible(visible);
+    callout.BringToFront();
+  }
+}
+
+void Drawing::HighlightTarget(int target) {
+  const PictureButton& picture = form_.controls.imgTarget[target];
+  ShowCallouts(false);
+  DrawItemFrame(CoordinateMode::Pixels, form_.controls.pcWork, picture,
+                form_.tables.GroupOf(picture.tag()), frame::kHighlightPen, frame::kHighlightColor);
+  ShowCallouts(true);
+}
+
+void Drawing::EraseTargetHighlight(int target) {
+  const PictureButton& picture = form_.controls.imgTarget[target];
+  const clsGroup& group = form_.tables.GroupOf(picture.tag());
+  ShowCallouts(false);
+  DrawItemFrame(CoordinateMode::Pixels, form_.controls.pcWork, picture, group, frame::kErasePen,
+                color::kWhite);
+  DrawTargetWell(form_.controls.pcWork, picture, group);
+  ShowCallouts(true);
+}
+
+}  // namespace zav

@@ -1,0 +1,146 @@
+#include "form/interaction/Placement.h"
+
+#include <utility>
+
+#include "automation/Conversions.h"
+#include "automation/Text.h"
+#include "document/ItemTag.h"
+#include "form/ItemLookup.h"
+
+namespace zav {
+
+// A placement with all its lookups and conversions made.
+struct Placement::Landing {
+  int target = 0;
+  std::string oldAnswer;    // the target's answer field so far
+  std::string answerValue;  // of the item
+  std::int16_t sourceId = 0;
+  std::int16_t oldSourceId = 0;
+  PictureRef picture;
+  std::string text;
+
+  [[nodiscard]] std::string NewAnswer() const {
+    return std::string(FirstCharacters(oldAnswer, 1)) + answerValue;
+  }
+};
+
+void Placement::TargetDragDrop(int target, const Control& dragged) {
+  form_.Trap("TargetDragDrop", [&] { Apply(Prepare(target, dragged)); });
+}
+
+Placement::Landing Placement::Prepare(int target, const Control& dragged) const {
+  const FormControls& controls = form_.controls;
+  const bool isDragPicture = &dragged == &controls.pcDrag;
+  Landing landing;
+  landing.target = target;
+  landing.oldAnswer = GetAnswerId(controls.imgTarget[target].tag());
+  landing.answerValue = GetAnswerId(isDragPicture ? controls.imgDrag.tag() : dragged.tag());
+  landing.sourceId = ToInt16(landing.answerValue);
+  landing.oldSourceId = form_.tables.TargetList.Item(target).SourceID;
+  form_.tables.GroupOf(controls.imgTarget[target].tag());
+  const int source = isDragPicture ? FindSource(form_, landing.answerValue) : dragged.index();
+  if (source == 0) {
+    throw AutomationError(error_number::kIndexOutOfRange,
+                          "No source item has the answer value " + landing.answerValue);
+  }
+  landing.picture = controls.imgSource[source].picture();
+  landing.text = form_.tables.SourceText(source);
+  return landing;
+}
+
+void Placement::Apply(const Landing& landing) {
+  const int target = landing.target;
+  rooms_.recorder.RemoveStateResponse(landing.oldAnswer);
+  rooms_.recorder.WriteStateResponse(landing.NewAnswer());
+  form_.controls.lblTargetCaption[target].Hide();
+  rooms_.feedback.RemoveHighlight();
+  form_.tables.TargetList.Item(target).SourceID = landing.sourceId;
+  rooms_.targetLook.SetTag(
+      target, SetAnswerId(form_.controls.imgTarget[target].tag(), landing.NewAnswer()));
+  rooms_.targetLook.ShowItem(target, landing.picture, landing.text);
+  UpdateAnswerButton(target);
+  if (landing.oldSourceId != 0) {
+    const int replaced = FindSource(form_, landing.oldSourceId);
+    if (replaced > 0) CheckSourceUses(replaced);
+  }
+  rooms_.refresh.RefreshWorkArea();
+  rooms_.feedback.ShowReplaced();
+}
+
+void Placement::ClearTarget(int target) {
+  form_.Trap("ClearTarget", [&] {
+    const std::string answer = GetAnswerId(form_.controls.imgTarget[target].tag());
+    rooms_.recorder.RemoveStateResponse(answer);
+    EmptyTarget(target);
+  });
+}
+
+void Placement::EmptyTarget(int target) {
+  const std::string& tag = form_.controls.imgTarget[target].tag();
+  const std::string ownAnswer(FirstCharacters(GetAnswerId(tag), 1));
+  rooms_.targetLook.SetTag(target, SetAnswerId(tag, ownAnswer));
+  form_.tables.TargetList.Item(target).SourceID = 0;
+  UpdateAnswerButton(target);
+  // A picture that cannot be had leaves the target without one, but empty.
+  rooms_.targetLook.ShowEmpty(target, {});
+  rooms_.targetLook.ShowEmpty(target, LoadEmptyPicture(target));
+}
+
+PictureRef Placement::LoadEmptyPicture(int target) {
+  DataIO& document = form_.Document();
+  const CursorScope keep(document);
+  const std::string groupId = GetGroupId(form_.controls.imgTarget[target].tag());
+  document.SetFromRoot(true);
+  document.FindNode("Groups");
+  PictureRef picture;
+  const std::int32_t count = document.ChildCount();
+  for (std::int32_t j = 0; j < count; ++j) {
+    if (ToText(document.GetChildAttribute(j, "GroupID")) != groupId) continue;
+    document.MoveToChild(j);
+    const std::string name =
+        ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));
+    picture = rooms_.pages.LoadGraphic(form_.Owner().ExtParent(), name);
+    document.MoveToParent();
+  }
+  return picture;
+}
+
+void Placement::UpdateAnswerButton(int target) {
+  if (!form_.options.ShowAnswers) return;
+  form_.controls.cmdTargetAnswerValue[target].SetCaption(
+      GetAnswerId(form_.controls.imgTarget[target].tag()));
+}
+
+void Placement::CheckSourceUses(int source) {
+  form_.Trap("CheckSourceUses", [&] {
+    const std::string answer = GetAnswerId(form_.controls.imgSource[source].tag());
+    const std::int16_t sourceId = ToInt16(answer);
+    std::int16_t count = 0;
+    for (const clsTarget& target : form_.tables.TargetList) {
+      if (target.SourceID == sourceId) ++count;
+    }
+    form_.tables.SourceUses(source, 2) = count;
+    form_.drag.SourceUsedUp = count >= form_.tables.SourceUses(source, 1);
+    if (!form_.drag.SourceUsedUp && rooms_.sourceLook.LooksUsedUp(source)) {
+      rooms_.sourceLook.ShowUsable(source);
+    }
+  });
+}
+
+void Placement::RecountUses(int source) {
+  CheckSourceUses(source);
+  if (std::exchange(form_.drag.SourceUsedUp, false)) rooms_.sourceLook.ShowUsedUp(source);
+}
+
+void Placement::ForgetPlacements() {
+  const int count = static_cast<int>(form_.tables.TargetList.Count());
+  for (int target = 1; target <= count; ++target) {
+    if (!HoldsItem(form_, target)) continue;
+    const int source = FindSource(form_, form_.tables.TargetList.Item(target).SourceID);
+    form_.Trap("ClearTarget", [&] { EmptyTarget(target); });
+    if (source > 0) CheckSourceUses(source);
+  }
+  form_.drag.SourceUsedUp = false;
+}
+
+}  // namespace zav

@@ -1,0 +1,155 @@
+// The component: an item that a host loads, shows, asks and scores.
+//
+// Hosts drive it through DisplayInt, or late-bound by name (Invoke): every member of DisplayInt
+// goes by "DisplayInt_" and its name there. It stands on a platform and finds the scoring engine
+// and the case study in a class registry; both outlive it. Everything that one item needs lives in
+// its own object, so that several items in one process do not disturb each other.
+//
+// One thread. Host objects may fail at any call; whatever they raise is reported, or reaches the
+// host's own call where reporting is what failed.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "automation/ClassRegistry.h"
+#include "automation/EventSource.h"
+#include "automation/MemberTable.h"
+#include "automation/Object.h"
+#include "controls/ControlHost.h"
+#include "document/DataIO.h"
+#include "document/clsStatus.h"
+#include "host/DisplayInt.h"
+#include "host/FontObject.h"
+#include "host/ItemOwner.h"
+#include "host/ScoringEngine.h"
+#include "host/clsErrorDisplay.h"
+#include "platform/Presenter.h"
+
+namespace zav {
+
+class frmMain;
+
+// The events of the component, with their dispatch identifiers. ResizeDisplay passes left, top,
+// width and height by reference, the others nothing.
+namespace item_event {
+inline constexpr std::int32_t kRefreshDisplay = 1;
+inline constexpr std::int32_t kResizeDisplay = 2;
+inline constexpr std::int32_t kSetState = 3;
+inline constexpr std::int32_t kLoadState = 4;
+}  // namespace item_event
+
+inline constexpr std::string_view kScoreEngineProgId = "ZavScoring.ScoreEngine";
+inline constexpr std::string_view kCaseStudyProgId = "ZavCaseStudy.clsCaseStudy";
+
+class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
+ public:
+  clsDragDrop(Platform platform, const ClassRegistry& classes);
+  ~clsDragDrop() override;
+
+  // Fields that the host sets and reads.
+  ObjectRef mExtParent;  // offers LogError, ShowMessage and GetGraphicsPath
+  WindowHandle mlParenthWnd = 0;
+  bool mbclosing = false;
+  [[nodiscard]] ObjectRef mFontReg() const { return fontReg_; }
+  [[nodiscard]] ObjectRef mFontBld() const { return fontBld_; }
+
+  [[nodiscard]] std::string AppVersion() const;
+  ObjectRef ExternalSupport() override { return moExternalSupport_; }
+  [[nodiscard]] bool SelfNavigation() const { return false; }
+
+  // An answer key as a host key record. Reports under "ConvertKey", and is then empty.
+  std::string ConvertKey(const std::string& sKey);
+
+  WindowHandle hwnd() override;
+  void SetExternalSupport(const ObjectRef& support) override;
+  void GetExternalDisplayStatus(std::int32_t& lDispState, bool& bViewedAll,
+                                std::string& sStateMsg) override;
+  std::int32_t GetExternalStateBytes() override;
+  void GetExternalStateArray(SafeArray& arState, std::int32_t lBytes) override;
+  bool GetResponse(std::int32_t lRespType, SafeArray& arResponse, std::int32_t lBuffer) override;
+  std::int32_t GetResponseBytes(std::int32_t lRespType, bool& bIsASCII) override;
+  bool GetScoreInfo(std::int16_t& nItems, float& fMaxScore, float& fMinScore) override;
+  bool HideExternalDisplay() override;
+  bool FreeExternalDisplay() override;
+  bool InitExternalDisplay(const SafeArray& arInit, std::int32_t lInitBytes,
+                           std::int32_t lOptions) override;
+  bool RescoreExternalDisplay(const SafeArray& arResponse, std::int32_t lRespBytes,
+                              ScoreCounts& counts) override;
+  bool RescoreExternalDisplayQuick(const SafeArray& arResponse, std::int32_t lRespBytes,
+                                   ScoreCounts& counts, SafeArray& XMLBA,
+                                   std::int32_t& lArrayLen) override;
+  bool ResizeExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
+                             std::int32_t lHeight) override;
+  bool ScoreExternalDisplay(ScoreCounts& counts) override;
+  void SetExternalStateArray(const SafeArray& arState, std::int32_t lBytes) override;
+  WindowHandle SetParentWnd(WindowHandle hParentWnd) override;
+  bool ShowExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
+                           std::int32_t lHeight) override;
+
+  // The members of the default interface, in its order.
+  static const std::vector<MemberTable<clsDragDrop>::Member>& Members();
+  Variant Invoke(std::string_view name, std::span<Variant> arguments,
+                 InvokeKind kind = InvokeKind::Call) override;
+
+  [[nodiscard]] EventSource& Events() { return events_; }
+
+  // Builds the item anew and shows it in that rectangle.
+  bool Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth, std::int32_t lHeight);
+
+  // The form, from initialisation until the item is freed; null otherwise. For platforms, tests
+  // and pictures of it.
+  [[nodiscard]] frmMain* form() { return moForm_.get(); }
+  // The item document. Raises 91 once the item was freed.
+  zav::DataIO& DataIO() override;
+
+ private:
+  ObjectRef ExtParent() override { return mExtParent; }
+  WindowHandle ParentWnd() override { return mlParenthWnd; }
+  const Font& FontReg() override { return fontReg_->font; }
+  ModuleState& Module() override { return module_; }
+
+  std::string GetStaticStringsXml();
+  std::int32_t ReadFileBytes(const std::string& path, std::vector<std::uint8_t>& bytes);
+  void LoadItem(const SafeArray& arInit);
+  void MergeStaticStrings();
+  void CreateForm();
+  void AttachForm();
+  bool CreateCaseStudy(const std::string& caseCode);
+  void EnsureState();
+  void RaiseResizeDisplay();
+  void Raise(std::int32_t event);
+  ScoringEngine& Engine();
+  DataIORef EngineDocument();
+  std::string RecordText(std::int32_t lRespType);
+  std::string FormatRecord(const std::string& xml, const std::string& responseType, bool isKey);
+  enum class ScoredDocument { StateWithKey, WholeItem };
+  void ScoreState(ScoreCounts& counts, ScoredDocument scored);
+  void ReplaceState(const std::string& stateXml);
+  template <typename Procedure>
+  void Trap(std::string_view routine, Procedure&& procedure) {
+    zav::Trap(*moErrorDisplay_, routine, std::forward<Procedure>(procedure));
+  }
+
+  ControlHost controlHost_;
+  const ClassRegistry& classes_;
+  EventSource events_;
+  ModuleState module_;
+  std::shared_ptr<FontObject> fontReg_;
+  std::shared_ptr<FontObject> fontBld_;
+  ObjectRef moExternalSupport_;
+  DataIORef moDataIO_;
+  std::shared_ptr<ScoringEngine> moScoreEngine_;
+  std::unique_ptr<clsStatus> moStatus_;
+  std::unique_ptr<clsErrorDisplay> moErrorDisplay_;
+  std::string msStaticPath_;
+  Rect displayRect_;  // mlLeft, mlTop, mlWidth, mlHeight
+  std::int32_t mlOptions_ = 0;
+  std::unique_ptr<frmMain> moForm_;
+  ObjectRef moCaseStudy_;
+  bool mbCaseStudy_ = false;
+};
+
+}  // namespace zav

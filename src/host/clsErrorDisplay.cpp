@@ -1,0 +1,42 @@
+#include "host/clsErrorDisplay.h"
+
+#include "automation/Conversions.h"
+
+namespace zav {
+namespace {
+
+// Nothing in the component counts lines.
+constexpr std::int32_t kLineNumber = 0;
+
+std::string MessageText(const AutomationError& error, const std::string& routine) {
+  return "Error: Description - " + error.Description() + ".  Number - " + ToText(error.Number()) +
+         "  Source - " + error.Source() + "  Routine - " + routine + "  LineNumber - " +
+         ToText(kLineNumber);
+}
+
+}  // namespace
+
+std::int16_t ShowMessage(ItemOwner& owner, const std::string& message, std::int16_t style) {
+  try {
+    return ToInt16(Require(owner.ExtParent())
+                       .Call("ShowMessage", message, style, owner.Module().gApplicationTitle));
+  } catch (...) {
+    throw AutomationError(error_number::kComponent, "Message Function not available");
+  }
+}
+
+void clsErrorDisplay::Activate(const AutomationError& error) {
+  try {
+    if (owner_ == nullptr) {
+      throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+    }
+    Require(owner_->ExtParent())
+        .Call("LogError", error.Number(), error.Description(), std::string("ZavDragDrop"),
+              std::string(), routine_, kLineNumber);
+    ShowMessage(*owner_, MessageText(error, routine_), message_style::kError);
+  } catch (...) {
+    throw ReportingFailure(CurrentError());
+  }
+}
+
+}  // namespace zav
