@@ -41,7 +41,6 @@ inline constexpr std::int32_t kSetState = 3;
 inline constexpr std::int32_t kLoadState = 4;
 }  // namespace item_event
 
-inline constexpr std::string_view kScoreEngineProgId = "ZavScoring.ScoreEngine";
 inline constexpr std::string_view kCaseStudyProgId = "ZavCaseStudy.clsCaseStudy";
 
 class clsDragDrop : public Object, public DisplayInt, private ItemOwner {

@@ -28,6 +28,13 @@ class CandidateInput {
   [[nodiscard]] Control* Focused() const { return Find(focused_); }
   void Key(const KeyEvent& event);
 
+  // Null for an id of no control in any form.
+  [[nodiscard]] Control* Find(ControlId id) const;
+  // The control that is seen there, or null.
+  [[nodiscard]] Control* ControlUnder(Point at) const;
+  // A place in the control, in twips from its corner, as a place of the window.
+  [[nodiscard]] static Point InWindow(const Control& control, Point within);
+
  private:
   // What lasts from a press to its release. Controls are named by id, because they may go at any
   // time in between.
@@ -40,8 +47,6 @@ class CandidateInput {
     float paneSize = 0;  // of the bar's pane at the press
   };
 
-  [[nodiscard]] Control* Find(ControlId id) const;
-  [[nodiscard]] Control* UnderPointer() const;
   [[nodiscard]] MouseEvent EventFor(const Control& control, MouseButton button) const;
   Control* Hover();
   void StartCapture();

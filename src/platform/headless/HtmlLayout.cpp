@@ -96,6 +96,13 @@ class ButtonElement : public litehtml::html_tag {
  public:
   using html_tag::html_tag;
 
+  // A button's height goes around its padding and its borders.
+  bool get_predefined_height(int& height) const override {
+    const bool isGiven = html_tag::get_predefined_height(height);
+    if (isGiven) height = std::max(0, height - content_margins_height());
+    return isGiven;
+  }
+
   void draw_children(litehtml::uint_ptr canvas, int x, int y, const litehtml::position* clip,
                      litehtml::draw_flag flag, int zindex) override {
     const int content = m_boxes.empty() ? 0 : m_boxes.back()->bottom();
@@ -159,7 +166,23 @@ class HtmlLayout::Container final : public litehtml::document_container {
   void delete_font(litehtml::uint_ptr /*font*/) override {}
 
   int text_width(const char* text, litehtml::uint_ptr font) override {
-    return TextWidth(text, StyleOfHandle(font));
+    // Words are rounded each to the nearest pixel, so that a line of them is not wider in the end.
+    return static_cast<int>(std::min(ExactTextWidth(text, StyleOfHandle(font)), 1e6F) + 0.5F);
+  }
+
+  // Only blanks and line ends part words: a no-break space belongs to its word.
+  void split_text(const char* text, const std::function<void(const char*)>& onWord,
+                  const std::function<void(const char*)>& onSpace) override {
+    constexpr std::string_view kSpaces = " \t\n\f\r";
+    std::string_view rest(text);
+    while (!rest.empty()) {
+      const std::size_t length = std::min(rest.find_first_of(kSpaces), rest.size());
+      if (length > 0) onWord(std::string(rest.substr(0, length)).c_str());
+      rest.remove_prefix(length);
+      if (rest.empty()) return;
+      onSpace(std::string(rest.substr(0, 1)).c_str());
+      rest.remove_prefix(1);
+    }
   }
 
   void draw_text(litehtml::uint_ptr /*canvas*/, const char* text, litehtml::uint_ptr font,

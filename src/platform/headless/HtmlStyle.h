@@ -20,9 +20,9 @@ i, em, cite, dfn, var, address { font-style: italic; }
 u, ins { text-decoration: underline; }
 s, strike, del { text-decoration: line-through; }
 small, sub, sup { font-size: 0.83em; }
+sub { position: relative; top: 0.3em; }
+sup { position: relative; top: -0.4em; }
 big { font-size: 1.17em; }
-sub { vertical-align: sub; }
-sup { vertical-align: super; }
 center, th, caption { text-align: center; }
 blockquote { margin: 1em 40px; }
 pre { white-space: pre; margin: 1em 0; }
@@ -43,9 +43,12 @@ tfoot { display: table-footer-group; vertical-align: middle; }
 tr { display: table-row; vertical-align: inherit; }
 td, th { display: table-cell; vertical-align: inherit; padding: 1px; }
 caption { display: table-caption; }
-button { display: inline-block; box-sizing: border-box; padding: 1px 8px;
+table[border] { border: 1px solid #a8b0b8; }
+table[border] td, table[border] th { border: 1px solid #a8b0b8; padding: 2px 4px; }
+table[border="0"], table[border="0"] td, table[border="0"] th { border: none; padding: 1px; }
+button { display: inline-block; box-sizing: border-box; padding: 1px 4px;
   border: 1px outset #8a8a8a; border-radius: 3px; background: #f0f0f0; color: black;
-  text-align: center; white-space: nowrap; overflow: hidden; vertical-align: middle; }
+  text-align: center; white-space: nowrap; overflow: hidden; }
 )css";
 
 }  // namespace zav
