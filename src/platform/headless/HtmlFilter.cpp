@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <charconv>
+#include <span>
+#include <utility>
 #include <vector>
 
+#include "automation/Text.h"
+#include "platform/headless/HtmlTokens.h"
 #include "platform/headless/StyleFilter.h"
 #include "platform/headless/TextMetrics.h"
 
@@ -13,74 +17,289 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\n\r\f";
 
-enum class ElementKind {
-  Unknown,    // left out, its content stays
-  Hidden,     // left out with its content
-  Document,   // stands around everything anyway
-  Style,      // style rules
-  Void,       // has no content
-  Inline,
-  Block,      // ends an open paragraph
-  ListItem,   // ends an open item of the same list
-  Table,
-  TableGroup,  // the parts of tables stand only in one another
-  TableRow,
-  TableCell,
-};
+using Names = std::span<const std::string_view>;
 
-struct KnownElement {
-  std::string_view name;
-  ElementKind kind;
-};
-
-constexpr std::array<KnownElement, 81> kElements{{
-    {"html", ElementKind::Document},       {"head", ElementKind::Document},
-    {"body", ElementKind::Document},       {"style", ElementKind::Style},
-    {"script", ElementKind::Hidden},       {"title", ElementKind::Hidden},
-    {"noscript", ElementKind::Hidden},     {"iframe", ElementKind::Hidden},
-    {"object", ElementKind::Hidden},       {"applet", ElementKind::Hidden},
-    {"embed", ElementKind::Hidden},        {"textarea", ElementKind::Hidden},
-    {"select", ElementKind::Hidden},       {"template", ElementKind::Hidden},
-    {"svg", ElementKind::Hidden},          {"math", ElementKind::Hidden},
-    {"frameset", ElementKind::Hidden},     {"noframes", ElementKind::Hidden},
-    {"audio", ElementKind::Hidden},        {"video", ElementKind::Hidden},
-    {"canvas", ElementKind::Hidden},       {"xmp", ElementKind::Hidden},
-    {"br", ElementKind::Void},             {"hr", ElementKind::Void},
-    {"img", ElementKind::Void},            {"span", ElementKind::Inline},
-    {"b", ElementKind::Inline},            {"strong", ElementKind::Inline},
-    {"i", ElementKind::Inline},            {"em", ElementKind::Inline},
-    {"u", ElementKind::Inline},            {"s", ElementKind::Inline},
-    {"strike", ElementKind::Inline},       {"del", ElementKind::Inline},
-    {"ins", ElementKind::Inline},          {"small", ElementKind::Inline},
-    {"big", ElementKind::Inline},          {"sub", ElementKind::Inline},
-    {"sup", ElementKind::Inline},          {"font", ElementKind::Inline},
-    {"code", ElementKind::Inline},         {"tt", ElementKind::Inline},
-    {"kbd", ElementKind::Inline},          {"samp", ElementKind::Inline},
-    {"var", ElementKind::Inline},          {"cite", ElementKind::Inline},
-    {"dfn", ElementKind::Inline},          {"q", ElementKind::Inline},
-    {"abbr", ElementKind::Inline},         {"label", ElementKind::Inline},
-    {"nobr", ElementKind::Inline},         {"button", ElementKind::Inline},
-    {"p", ElementKind::Block},             {"div", ElementKind::Block},
-    {"center", ElementKind::Block},        {"blockquote", ElementKind::Block},
-    {"pre", ElementKind::Block},           {"address", ElementKind::Block},
-    {"h1", ElementKind::Block},            {"h2", ElementKind::Block},
-    {"h3", ElementKind::Block},            {"h4", ElementKind::Block},
-    {"h5", ElementKind::Block},            {"h6", ElementKind::Block},
-    {"ul", ElementKind::Block},            {"ol", ElementKind::Block},
-    {"dl", ElementKind::Block},            {"fieldset", ElementKind::Block},
-    {"form", ElementKind::Block},          {"li", ElementKind::ListItem},
-    {"dt", ElementKind::ListItem},         {"dd", ElementKind::ListItem},
-    {"table", ElementKind::Table},         {"thead", ElementKind::TableGroup},
-    {"tbody", ElementKind::TableGroup},    {"tfoot", ElementKind::TableGroup},
-    {"tr", ElementKind::TableRow},         {"td", ElementKind::TableCell},
-    {"th", ElementKind::TableCell},        {"center", ElementKind::Block},
-    {"section", ElementKind::Block},
-}};
-
-ElementKind KindOf(std::string_view name) {
-  const auto found = std::find_if(kElements.begin(), kElements.end(),
-                                  [&](const KnownElement& known) { return known.name == name; });
-  return found == kElements.end() ? ElementKind::Unknown : found->kind;
+bool IsOneOf(Names names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
 }
+
+constexpr std::array<std::string_view, 15> kHidden{
+    "script",   "title",    "noscript", "iframe", "object", "applet", "textarea", "select",
+    "template", "noframes", "audio",    "video",  "canvas", "xmp",    "svg"};
+constexpr std::array<std::string_view, 3> kVoid{"br", "hr", "img"};
+constexpr std::array<std::string_view, 28> kInline{
+    "span", "b",     "strong", "i",    "em",    "u",    "s",    "strike", "del",  "ins",
+    "big",  "small", "sub",    "sup",  "font",  "code", "tt",   "kbd",    "samp", "var",
+    "cite", "dfn",   "q",      "abbr", "label", "a",    "nobr", "button"};
+constexpr std::array<std::string_view, 24> kBlock{
+    "p",    "div", "center", "blockquote", "pre",   "address", "h1",      "h2",
+    "h3",   "h4",  "h5",     "h6",         "ul",    "ol",      "dl",      "fieldset",
+    "form", "li",  "dt",     "dd",         "table", "section", "article", "main"};
+constexpr std::array<std::string_view, 3> kTableGroup{"thead", "tbody", "tfoot"};
+constexpr std::array<std::string_view, 2> kTableCell{"td", "th"};
+constexpr std::array<std::string_view, 17> kKept{
+    "id",  "class",      "align",       "valign", "color",  "bgcolor", "face", "size",       "type",
+    "src", "background", "cellpadding", "width",  "border", "start",   "dir",  "cellspacing"};
+constexpr std::array<std::string_view, 2> kSpans{"colspan", "rowspan"};
+
+bool IsTablePart(std::string_view name) {
+  return name == "table" || name == "tr" || IsOneOf(kTableGroup, name);
+}
+
+void AppendCharacter(std::string& text, char32_t character, std::string_view bytes) {
+  const bool isBroken = character == 0 || character == 0xFFFD;
+  text += isBroken ? std::string_view("\xEF\xBF\xBD") : bytes;
+}
+
+// Well-formed UTF-8 without NULs, no longer than the limit.
+std::string Cleaned(std::string_view html) {
+  html = html.substr(0, html_limit::kBytes);
+  std::string clean;
+  clean.reserve(html.size());
+  while (!html.empty()) {
+    std::string_view rest = html;
+    const char32_t character = TakeCharacter(rest);
+    AppendCharacter(clean, character, html.substr(0, html.size() - rest.size()));
+    html = rest;
+  }
+  return clean;
+}
+
+std::string Replaced(std::string_view text, char what, std::string_view with) {
+  std::string replaced;
+  for (const char c : text) {
+    if (c == what) {
+      replaced += with;
+    } else {
+      replaced += c;
+    }
+  }
+  return replaced;
+}
+
+std::string Attribute(std::string_view name, std::string_view value) {
+  std::string text(" ");
+  return text.append(name).append("=\"").append(Replaced(value, '"', "&quot;")).append("\"");
+}
+
+std::string BoundedSpan(std::string_view value) {
+  int span = 1;
+  std::from_chars(value.data(), value.data() + value.size(), span);
+  return std::to_string(std::clamp(span, 1, html_limit::kSpan));
+}
+
+// The attributes of an element that the layout engine knows, heights as a style.
+std::string BearableAttributes(const HtmlToken& tag) {
+  std::string attributes;
+  std::string style;
+  for (const HtmlAttribute& attribute : tag.attributes) {
+    const std::string_view value = attribute.value;
+    if (attribute.name == "border" && value == "0") continue;
+    if (attribute.name == "style") {
+      style += BearableDeclarations(value);
+    } else if (attribute.name == "height") {
+      style = "height:" + WithBoundedNumbers(value, html_limit::kNumber) +
+              (value.ends_with('%') ? ";" : "px;") + style;
+    } else if (attribute.name == "nowrap") {
+      style = "white-space:nowrap;" + style;
+    } else if (IsOneOf(kSpans, attribute.name)) {
+      attributes += Attribute(attribute.name, BoundedSpan(value));
+    } else if (IsOneOf(kKept, attribute.name)) {
+      const bool isText = attribute.name == "id" || attribute.name == "class" ||
+                          attribute.name == "src" || attribute.name == "background";
+      attributes +=
+          Attribute(attribute.name,
+                    isText ? std::string(value) : WithBoundedNumbers(value, html_limit::kNumber));
+    }
+  }
+  return style.empty() ? attributes : attributes + Attribute("style", style);
+}
+
+bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
+
+// Words and the blanks between them: so many pieces the layout engine makes of the text.
+std::size_t CountPieces(std::string_view text) {
+  std::size_t pieces = 0;
+  bool inWord = false;
+  for (const char c : text) {
+    if (IsBlank(c) || !inWord) ++pieces;
+    inWord = !IsBlank(c);
+  }
+  return pieces;
+}
+
+// Writes the page again, well nested.
+class PageWriter {
+ public:
+  std::string Write(std::string_view page) {
+    HtmlTokens tokens(page);
+    while (!tokens.AtEnd() && !IsFull()) Take(tokens.Next(), tokens);
+    CloseDownTo(0);
+    return "<html><head><style>" + rules_ + "</style></head><body" + bodyAttributes_ + ">" + out_ +
+           "</body></html>";
+  }
+
+ private:
+  [[nodiscard]] bool IsFull() const {
+    return elements_ >= html_limit::kElements || pieces_ >= html_limit::kPieces;
+  }
+
+  void Take(const HtmlToken& token, HtmlTokens& tokens) {
+    if (token.kind == HtmlToken::Kind::Text) {
+      Text(token.text);
+    } else if (token.kind == HtmlToken::Kind::StartTag) {
+      Start(token, tokens);
+    } else if (token.kind == HtmlToken::Kind::EndTag) {
+      End(token.name);
+    }
+  }
+
+  void Text(std::string_view text) {
+    const bool isBlank = std::all_of(text.begin(), text.end(), IsBlank);
+    if (InTableFrame() && isBlank) return;
+    EnsureCell();
+    pieces_ += CountPieces(text);
+    if (!IsFull()) out_ += Replaced(text, '<', "&lt;");
+  }
+
+  void Start(const HtmlToken& tag, HtmlTokens& tokens) {
+    if (tag.name == "style") {
+      rules_ += BearableRules(tokens.TakeContent(tag.name), rulesLeft_);
+    } else if (IsOneOf(kHidden, tag.name)) {
+      tokens.TakeContent(tag.name);
+    } else if (tag.name == "body") {
+      if (bodyAttributes_.empty()) bodyAttributes_ = BearableAttributes(tag);
+    } else if (IsOneOf(kVoid, tag.name)) {
+      EnsureCell();
+      Emit(tag);
+    } else if (IsOneOf(kInline, tag.name)) {
+      StartInline(tag);
+    } else if (IsOneOf(kBlock, tag.name)) {
+      StartBlock(tag);
+    } else {
+      StartTablePart(tag);
+    }
+  }
+
+  void StartInline(const HtmlToken& tag) {
+    const bool standsAlone = tag.name == "a" || tag.name == "nobr" || tag.name == "button";
+    if (standsAlone) CloseOpen({{tag.name}}, {});
+    EnsureCell();
+    Open(tag);
+  }
+
+  void StartBlock(const HtmlToken& tag) {
+    static constexpr std::array<std::string_view, 1> kItem{"li"};
+    static constexpr std::array<std::string_view, 2> kLists{"ul", "ol"};
+    static constexpr std::array<std::string_view, 2> kTerms{"dt", "dd"};
+    static constexpr std::array<std::string_view, 1> kTermList{"dl"};
+    static constexpr std::array<std::string_view, 1> kParagraph{"p"};
+    if (tag.name == "li") CloseOpen(kItem, kLists);
+    if (IsOneOf(kTerms, tag.name)) CloseOpen(kTerms, kTermList);
+    CloseOpen(kParagraph, {});
+    EnsureCell();
+    Open(tag);
+  }
+
+  // Parts of a table stand in it as they must; outside of one they are left out.
+  void StartTablePart(const HtmlToken& tag) {
+    const bool isRow = tag.name == "tr";
+    const bool isCell = IsOneOf(kTableCell, tag.name);
+    const bool isGroup = IsOneOf(kTableGroup, tag.name);
+    const std::size_t table = LastTable();
+    if (table == open_.size() || (!isRow && !isCell && !isGroup)) return;
+    std::size_t keep = table + 1;
+    const auto isNext = [&](Names names) {
+      return keep < open_.size() && IsOneOf(names, open_[keep]);
+    };
+    if (!isGroup && isNext(kTableGroup)) ++keep;
+    if (isCell && isNext({{std::string_view("tr")}})) ++keep;
+    CloseDownTo(keep);
+    if (isCell && open_.back() != "tr") OpenImplied("tr");
+    Open(tag);
+  }
+
+  // Whether text or an element here would stand in a table, but in no cell of it.
+  [[nodiscard]] bool InTableFrame() const { return !open_.empty() && IsTablePart(open_.back()); }
+
+  void EnsureCell() {
+    if (!InTableFrame()) return;
+    if (open_.back() != "tr") OpenImplied("tr");
+    OpenImplied("td");
+  }
+
+  void OpenImplied(std::string_view name) {
+    HtmlToken tag;
+    tag.name = name;
+    Open(tag);
+  }
+
+  void Emit(const HtmlToken& tag) {
+    ++elements_;
+    out_ += "<" + tag.name + BearableAttributes(tag) + ">";
+  }
+
+  // Room is kept for a table's row and cell, so that it is never cut between them.
+  void Open(const HtmlToken& tag) {
+    const bool isTableInside = tag.name == "tr" || IsOneOf(kTableCell, tag.name);
+    if (open_.size() >= html_limit::kDepth + (isTableInside ? 2 : 0)) return;
+    Emit(tag);
+    open_.push_back(tag.name);
+  }
+
+  void End(const std::string& name) {
+    const std::size_t first = IsTablePart(name) || IsOneOf(kTableCell, name) ? 0 : AfterLastCell();
+    for (std::size_t i = open_.size(); i > first; --i) {
+      if (open_[i - 1] != name) continue;
+      CloseDownTo(i - 1);
+      return;
+    }
+  }
+
+  // Closes the innermost open element of one of the names, unless a boundary or a cell stands
+  // between.
+  void CloseOpen(Names names, Names boundaries) {
+    for (std::size_t i = open_.size(); i > AfterLastCell(); --i) {
+      if (IsOneOf(boundaries, open_[i - 1])) return;
+      if (!IsOneOf(names, open_[i - 1])) continue;
+      CloseDownTo(i - 1);
+      return;
+    }
+  }
+
+  void CloseDownTo(std::size_t count) {
+    while (open_.size() > count) {
+      out_ += "</" + open_.back() + ">";
+      open_.pop_back();
+    }
+  }
+
+  // Elements within a cell, or within a table, end before it does.
+  [[nodiscard]] std::size_t AfterLastCell() const {
+    std::size_t after = open_.size();
+    while (after > 0 && !IsTablePart(open_[after - 1]) && !IsOneOf(kTableCell, open_[after - 1])) {
+      --after;
+    }
+    return after;
+  }
+
+  [[nodiscard]] std::size_t LastTable() const {
+    const auto found = std::find(open_.rbegin(), open_.rend(), "table");
+    return found == open_.rend() ? open_.size()
+                                 : static_cast<std::size_t>(open_.rend() - found) - 1;
+  }
+
+  std::vector<std::string> open_;
+  std::size_t elements_ = 0;
+  std::size_t pieces_ = 0;
+  std::size_t rulesLeft_ = html_limit::kRules;
+  std::string rules_;
+  std::string bodyAttributes_;
+  std::string out_;
+};
+
 }  // namespace
+
+std::string BearableHtml(std::string_view html) { return PageWriter().Write(Cleaned(html)); }
+
 }  // namespace zav

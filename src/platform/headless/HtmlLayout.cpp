@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "platform/headless/Canvas.h"
+#include "platform/headless/HtmlElements.h"
 #include "platform/headless/HtmlFilter.h"
 #include "platform/headless/HtmlStyle.h"
+#include "platform/headless/ListMarkers.h"
 #include "platform/headless/TextMetrics.h"
 
 namespace zav {
@@ -40,76 +42,6 @@ Argb Darker(Argb color, float amount) {
   }
   return darker;
 }
-
-// Text as counted letters: a, b, ... z, aa.
-std::string LetterNumber(int number, char first) {
-  std::string text;
-  for (; number > 0; number = (number - 1) / 26) {
-    text.insert(text.begin(), static_cast<char>(first + (number - 1) % 26));
-  }
-  return text;
-}
-
-std::string RomanNumber(int number, bool upper) {
-  static constexpr std::array<std::pair<int, const char*>, 13> kSteps{{{1000, "m"},
-                                                                       {900, "cm"},
-                                                                       {500, "d"},
-                                                                       {400, "cd"},
-                                                                       {100, "c"},
-                                                                       {90, "xc"},
-                                                                       {50, "l"},
-                                                                       {40, "xl"},
-                                                                       {10, "x"},
-                                                                       {9, "ix"},
-                                                                       {5, "v"},
-                                                                       {4, "iv"},
-                                                                       {1, "i"}}};
-  if (number < 1 || number > 3999) return std::to_string(number);
-  std::string text;
-  for (const auto& [value, letters] : kSteps) {
-    for (; number >= value; number -= value) text += letters;
-  }
-  if (upper)
-    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c & ~0x20; });
-  return text;
-}
-
-std::string MarkerText(litehtml::list_style_type type, int number) {
-  switch (type) {
-    case litehtml::list_style_type_lower_alpha:
-    case litehtml::list_style_type_lower_latin:
-      return LetterNumber(number, 'a') + ".";
-    case litehtml::list_style_type_upper_alpha:
-    case litehtml::list_style_type_upper_latin:
-      return LetterNumber(number, 'A') + ".";
-    case litehtml::list_style_type_lower_roman:
-      return RomanNumber(number, false) + ".";
-    case litehtml::list_style_type_upper_roman:
-      return RomanNumber(number, true) + ".";
-    default:
-      return std::to_string(number) + ".";
-  }
-}
-
-// A push button: its caption stands in the middle of its height.
-class ButtonElement : public litehtml::html_tag {
- public:
-  using html_tag::html_tag;
-
-  // A button's height goes around its padding and its borders.
-  bool get_predefined_height(int& height) const override {
-    const bool isGiven = html_tag::get_predefined_height(height);
-    if (isGiven) height = std::max(0, height - content_margins_height());
-    return isGiven;
-  }
-
-  void draw_children(litehtml::uint_ptr canvas, int x, int y, const litehtml::position* clip,
-                     litehtml::draw_flag flag, int zindex) override {
-    const int content = m_boxes.empty() ? 0 : m_boxes.back()->bottom();
-    const int shift = std::max(0, (m_pos.height - content) / 2);
-    html_tag::draw_children(canvas, x, y + shift, clip, flag, zindex);
-  }
-};
 
 }  // namespace
 
@@ -278,8 +210,7 @@ class HtmlLayout::Container final : public litehtml::document_container {
   std::shared_ptr<litehtml::element> create_element(
       const char* tag, const litehtml::string_map& /*attributes*/,
       const std::shared_ptr<litehtml::document>& document) override {
-    if (std::string_view(tag) != "button") return nullptr;
-    return std::make_shared<ButtonElement>(document);
+    return MakeHtmlElement(tag, document, budget_);
   }
 
   // Letters beyond ASCII keep their case.
@@ -386,6 +317,7 @@ class HtmlLayout::Container final : public litehtml::document_container {
   std::vector<TextStyle> fonts_;
   std::map<std::string, PictureRef> pictures_;
   Canvas* canvas_ = nullptr;  // while drawing
+  HtmlBudget budget_;
   litehtml::context context_;
   litehtml::document::ptr document_;
 };

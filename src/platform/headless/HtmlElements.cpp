@@ -1,0 +1,79 @@
+#include "platform/headless/HtmlElements.h"
+
+#include <litehtml/el_body.h>
+#include <litehtml/el_div.h>
+#include <litehtml/el_font.h>
+#include <litehtml/el_image.h>
+#include <litehtml/el_para.h>
+#include <litehtml/el_table.h>
+#include <litehtml/el_td.h>
+#include <litehtml/el_tr.h>
+
+#include <algorithm>
+
+namespace zav {
+namespace {
+
+template <typename Base>
+class Limited : public Base {
+ public:
+  Limited(const std::shared_ptr<litehtml::document>& document, HtmlBudget& budget)
+      : Base(document), budget_(budget) {}
+
+  int render(int x, int y, int maxWidth, bool secondPass) override {
+    return HtmlBudget::Spend(budget_.layouts) ? Base::render(x, y, maxWidth, secondPass) : 0;
+  }
+  int select(const litehtml::css_selector& selector, bool applyPseudo) override {
+    if (!HtmlBudget::Spend(budget_.matches)) return litehtml::select_no_match;
+    return Base::select(selector, applyPseudo);
+  }
+  int select(const litehtml::css_element_selector& selector, bool applyPseudo) override {
+    if (!HtmlBudget::Spend(budget_.matches)) return litehtml::select_no_match;
+    return Base::select(selector, applyPseudo);
+  }
+
+ private:
+  HtmlBudget& budget_;
+};
+
+// A push button: its caption stands in the middle of its height.
+class Button : public Limited<litehtml::html_tag> {
+ public:
+  using Limited::Limited;
+
+  // A button's height goes around its padding and its borders.
+  bool get_predefined_height(int& height) const override {
+    const bool isGiven = Limited::get_predefined_height(height);
+    if (isGiven) height = std::max(0, height - content_margins_height());
+    return isGiven;
+  }
+
+  void draw_children(litehtml::uint_ptr canvas, int x, int y, const litehtml::position* clip,
+                     litehtml::draw_flag flag, int zindex) override {
+    const int content = m_boxes.empty() ? 0 : m_boxes.back()->bottom();
+    const int shift = std::max(0, (m_pos.height - content) / 2);
+    Limited::draw_children(canvas, x, y + shift, clip, flag, zindex);
+  }
+};
+
+}  // namespace
+
+std::shared_ptr<litehtml::element> MakeHtmlElement(
+    std::string_view name, const std::shared_ptr<litehtml::document>& document,
+    HtmlBudget& budget) {
+  if (name == "style" || name == "br") return nullptr;
+  if (name == "button") return std::make_shared<Button>(document, budget);
+  if (name == "img") return std::make_shared<Limited<litehtml::el_image>>(document, budget);
+  if (name == "table") return std::make_shared<Limited<litehtml::el_table>>(document, budget);
+  if (name == "tr") return std::make_shared<Limited<litehtml::el_tr>>(document, budget);
+  if (name == "td" || name == "th") {
+    return std::make_shared<Limited<litehtml::el_td>>(document, budget);
+  }
+  if (name == "p") return std::make_shared<Limited<litehtml::el_para>>(document, budget);
+  if (name == "div") return std::make_shared<Limited<litehtml::el_div>>(document, budget);
+  if (name == "font") return std::make_shared<Limited<litehtml::el_font>>(document, budget);
+  if (name == "body") return std::make_shared<Limited<litehtml::el_body>>(document, budget);
+  return std::make_shared<Limited<litehtml::html_tag>>(document, budget);
+}
+
+}  // namespace zav
