@@ -57,7 +57,7 @@ std::string Excerpt(std::string_view text) {
 
 std::string Expectation(XML_Error error, std::string_view openElement) {
   const bool isOpen = !openElement.empty();
-  const std::string endTag = "expected </" + std::string(openElement) + ">";
+  std::string endTag = "expected </" + std::string(openElement) + ">";
   switch (error) {
     case XML_ERROR_NO_ELEMENTS:
       return isOpen ? endTag : "expected an element";

@@ -3,6 +3,7 @@
 
 #include "automation/Conversions.h"
 #include "document/DataIO.h"
+#include "document/XmlParser.h"
 #include "support/Raised.h"
 
 namespace zav {
@@ -149,6 +150,12 @@ TEST(XmlParser, BearsDepthAndSize) {
     ASSERT_TRUE(document.MoveToChild(index));
     ASSERT_TRUE(document.MoveToParent());
   }
+}
+
+TEST(XmlParser, LeavesNothingOfAFailedRunInTheTree) {
+  XmlTree tree;
+  EXPECT_NE(Catch([&] { ParseXml(tree, "<a><b>", XmlEncoding::Utf8); }).number, 0);
+  EXPECT_LE(tree.AddElement("c"), 2U) << "the places of a and b are free again";
 }
 
 }  // namespace
