@@ -56,19 +56,35 @@ class Button : public Limited<litehtml::html_tag> {
   }
 };
 
+// No-break spaces hold the buttons beside them: a cell of nothing else is never broken.
+class Cell : public Limited<litehtml::el_td> {
+ public:
+  using Limited::Limited;
+
+  void parse_styles(bool again) override {
+    Limited::parse_styles(again);
+    const auto isButton = [](const element::ptr& child) {
+      return std::string_view(child->get_tagName()) == "button";
+    };
+    const auto isSpace = [](const element::ptr& child) { return child->is_white_space(); };
+    if (std::any_of(m_children.begin(), m_children.end(), isButton) &&
+        std::none_of(m_children.begin(), m_children.end(), isSpace)) {
+      m_white_space = litehtml::white_space_nowrap;
+    }
+  }
+};
+
 }  // namespace
 
 std::shared_ptr<litehtml::element> MakeHtmlElement(
     std::string_view name, const std::shared_ptr<litehtml::document>& document,
     HtmlBudget& budget) {
-  if (name == "style" || name == "br") return nullptr;
+  if (name == "style" || name == "br" || name == "li") return nullptr;
   if (name == "button") return std::make_shared<Button>(document, budget);
   if (name == "img") return std::make_shared<Limited<litehtml::el_image>>(document, budget);
   if (name == "table") return std::make_shared<Limited<litehtml::el_table>>(document, budget);
   if (name == "tr") return std::make_shared<Limited<litehtml::el_tr>>(document, budget);
-  if (name == "td" || name == "th") {
-    return std::make_shared<Limited<litehtml::el_td>>(document, budget);
-  }
+  if (name == "td" || name == "th") return std::make_shared<Cell>(document, budget);
   if (name == "p") return std::make_shared<Limited<litehtml::el_para>>(document, budget);
   if (name == "div") return std::make_shared<Limited<litehtml::el_div>>(document, budget);
   if (name == "font") return std::make_shared<Limited<litehtml::el_font>>(document, budget);
