@@ -7,6 +7,11 @@
 
 namespace zav {
 
+ControlId ControlHost::NextId() {
+  static ControlId last = 0;
+  return ++last;
+}
+
 void ControlHost::MarkChanged(Control& control) { changed_.push_back(&control); }
 
 void ControlHost::Forget(Control& control) {
@@ -15,6 +20,7 @@ void ControlHost::Forget(Control& control) {
 }
 
 void ControlHost::Leave() {
+  if (depth_ == 1) std::exchange(kept_, {}).clear();
   if (--depth_ > 0 || (changed_.empty() && removed_.empty())) return;
   std::vector<Control*> changed = std::exchange(changed_, {});
   const std::vector<ControlId> removed = std::exchange(removed_, {});

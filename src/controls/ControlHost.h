@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "platform/Presenter.h"
@@ -43,6 +44,10 @@ class ControlHost {
     }
   }
 
+  // Keeps something that is being let go until no call from outside is on the stack: the call that
+  // lets a form go may have come from one of its own controls.
+  void KeepUntilIdle(std::shared_ptr<void> kept) { kept_.push_back(std::move(kept)); }
+
  private:
   friend class Control;
 
@@ -57,16 +62,17 @@ class ControlHost {
     ControlHost& host_;
   };
 
-  ControlId NextId() { return ++lastId_; }
+  // Several components may stand on one platform, which tells controls apart by id.
+  static ControlId NextId();
   void MarkChanged(Control& control);
   void Forget(Control& control);
   void Leave();
 
   Platform platform_;
-  ControlId lastId_ = 0;
   int depth_ = 0;
   std::vector<Control*> changed_;   // in no order; each once
   std::vector<ControlId> removed_;  // presented before and gone since
+  std::vector<std::shared_ptr<void>> kept_;
 };
 
 }  // namespace zav

@@ -19,11 +19,10 @@ Table::Member Property(const char* name, T Font::*field, Convert convert) {
 }
 
 const Table& Members() {
-  static const Table table({Property("Name", &Font::name, ToText),
-                            Property("Size", &Font::size, ToSingle),
-                            Property("Bold", &Font::bold, ToBoolean),
-                            Property("Italic", &Font::italic, ToBoolean),
-                            Property("Underline", &Font::underline, ToBoolean)});
+  static const Table table(
+      {Property("Name", &Font::name, ToText), Property("Size", &Font::size, ToSingle),
+       Property("Bold", &Font::bold, ToBoolean), Property("Italic", &Font::italic, ToBoolean),
+       Property("Underline", &Font::underline, ToBoolean)});
   return table;
 }
 

@@ -110,27 +110,43 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
   const Font& FontReg() override { return fontReg_->font; }
   ModuleState& Module() override { return module_; }
 
-  std::string GetStaticStringsXml();
-  std::int32_t ReadFileBytes(const std::string& path, std::vector<std::uint8_t>& bytes);
-  void LoadItem(const SafeArray& arInit);
-  void MergeStaticStrings();
+  // A host's call that reports its errors under that name; whether it ran to its end.
+  template <typename Procedure>
+  bool Member(std::string_view routine, Procedure&& procedure) {
+    return controlHost_.RunHostCall([&] {
+      bool done = false;
+      Trap(*moErrorDisplay_, routine, [&] {
+        procedure();
+        done = true;
+      });
+      return done;
+    });
+  }
+
+  [[nodiscard]] DataIORef NewDocument() const;
+  [[nodiscard]] frmMain& RequireForm() const;
+  void Initialise(const SafeArray& arInit, std::int32_t lOptions);
+  std::string LoadItem(const SafeArray& arInit);
+  void MergeStaticStrings(const std::string& language);
   void CreateForm();
+  void ReleaseForm();
   void AttachForm();
-  bool CreateCaseStudy(const std::string& caseCode);
-  void EnsureState();
+  void AttachForm(WindowHandle parent);
+  void CreateCaseStudy(std::vector<std::uint8_t> bytes);
+  std::vector<std::uint8_t> ReadCaseFile(const std::string& caseCode);
+  void AskQuestionSize();
   void RaiseResizeDisplay();
   void Raise(std::int32_t event);
+
   ScoringEngine& Engine();
   DataIORef EngineDocument();
+  std::string StateXml();
+  void ReplaceState(const std::string& stateXml);
   std::string RecordText(std::int32_t lRespType);
-  std::string FormatRecord(const std::string& xml, const std::string& responseType, bool isKey);
+  std::string FormatRecord(const std::string& xml, bool isKey);
   enum class ScoredDocument { StateWithKey, WholeItem };
   void ScoreState(ScoreCounts& counts, ScoredDocument scored);
-  void ReplaceState(const std::string& stateXml);
-  template <typename Procedure>
-  void Trap(std::string_view routine, Procedure&& procedure) {
-    zav::Trap(*moErrorDisplay_, routine, std::forward<Procedure>(procedure));
-  }
+  void Rescore(const std::string& stateXml, ScoreCounts& counts);
 
   ControlHost controlHost_;
   const ClassRegistry& classes_;
@@ -144,7 +160,10 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
   std::unique_ptr<clsStatus> moStatus_;
   std::unique_ptr<clsErrorDisplay> moErrorDisplay_;
   std::string msStaticPath_;
-  Rect displayRect_;  // mlLeft, mlTop, mlWidth, mlHeight
+  std::int32_t mlLeft_ = 0;  // the last display rectangle
+  std::int32_t mlTop_ = 0;
+  std::int32_t mlWidth_ = 0;
+  std::int32_t mlHeight_ = 0;
   std::int32_t mlOptions_ = 0;
   std::unique_ptr<frmMain> moForm_;
   ObjectRef moCaseStudy_;

@@ -1,0 +1,212 @@
+// The members of clsDragDrop that exchange state, records and scores with the host.
+#include <algorithm>
+#include <utility>
+
+#include "automation/Conversions.h"
+#include "automation/Text.h"
+#include "document/Records.h"
+#include "host/LateBoundScoringEngine.h"
+#include "host/clsDragDrop.h"
+
+namespace zav {
+namespace {
+
+constexpr std::int32_t kKeyRecord = 0;
+constexpr std::int32_t kResponseRecord = 1;
+
+// Hosts are told room for this text more than a snapshot takes.
+constexpr std::string_view kStateSeparator = "|case|";
+
+// A text of up to this many characters is no state.
+constexpr std::size_t kBlankLength = 2;
+
+std::int32_t ByteLength(std::string_view text) {
+  return RoundToInt32(2.0 * static_cast<double>(Utf16Length(text)));
+}
+
+// Copies no more than there is, and no more than the host's array holds; returns how much.
+std::size_t FillArray(SafeArray& array, std::string_view text, std::int32_t most) {
+  array.RequireFillable();
+  const std::vector<std::uint8_t> bytes = Utf8ToUtf16Le(text);
+  const std::size_t count =
+      std::min({bytes.size(), array.Bytes().size(), static_cast<std::size_t>(std::max(most, 0))});
+  std::copy_n(bytes.begin(), count, array.Bytes().begin());
+  return count;
+}
+
+// A host's buffer may be longer than the text in it.
+std::string TextOfArray(const SafeArray& array) {
+  std::string text = Utf16LeToUtf8(array.Bytes());
+  const std::size_t end = text.find_last_not_of('\0');
+  text.resize(end == std::string::npos ? 0 : end + 1);
+  return text;
+}
+
+}  // namespace
+
+std::string clsDragDrop::StateXml() {
+  const CursorScope keep(DataIO());
+  DataIO().SetFromRoot(true);
+  return DataIO().GetNodeXml("State");
+}
+
+void clsDragDrop::ReplaceState(const std::string& stateXml) {
+  zav::DataIO& document = DataIO();
+  document.SetFromRoot(true);
+  document.RemoveNode("State");
+  const std::string_view trimmed = TrimBlanks(stateXml);
+  if (CharacterCount(trimmed) > kBlankLength) document.InsertXml("DragAndDropItem", trimmed);
+}
+
+std::int32_t clsDragDrop::GetExternalStateBytes() {
+  std::int32_t size = 0;
+  Member("GetExternalStateBytes", [&] {
+    Raise(item_event::kSetState);
+    size = ByteLength(kStateSeparator) + ByteLength(StateXml());
+  });
+  return size;
+}
+
+void clsDragDrop::GetExternalStateArray(SafeArray& arState, std::int32_t lBytes) {
+  Member("GetExternalStateArray", [&] {
+    const std::size_t filled = FillArray(arState, StateXml(), lBytes);
+    std::fill(arState.Bytes().begin() + static_cast<std::ptrdiff_t>(filled), arState.Bytes().end(),
+              std::uint8_t{0});
+  });
+}
+
+void clsDragDrop::SetExternalStateArray(const SafeArray& arState, std::int32_t /*lBytes*/) {
+  Member("SetExternalStateArray", [&] {
+    ReplaceState(TextOfArray(arState));
+    Raise(item_event::kLoadState);
+  });
+}
+
+std::string clsDragDrop::ConvertKey(const std::string& sKey) {
+  std::string record;
+  Trap(*moErrorDisplay_, "ConvertKey", [&] { record = zav::ConvertKey(sKey); });
+  return record;
+}
+
+std::string clsDragDrop::FormatRecord(const std::string& xml, bool isKey) {
+  zav::DataIO& document = DataIO();
+  document.MoveToTop();
+  const std::string responseType = ToText(document.GetAttribute("ResponseType"));
+  if (responseType == "S") return CommaForm(xml);
+  if (responseType == "N") return xml;
+  if (isKey) return ConvertKey(xml);
+  std::string record;
+  Trap(*moErrorDisplay_, "ConvertResponse", [&] { record = ConvertResponse(xml); });
+  return record;
+}
+
+std::string clsDragDrop::RecordText(std::int32_t lRespType) {
+  zav::DataIO& document = DataIO();
+  const CursorScope keep(document);
+  document.SetFromRoot(true);
+  if (lRespType == kKeyRecord) return FormatRecord(document.GetNodeXml("Answers"), true);
+  if (lRespType != kResponseRecord || !document.FindNode("State")) return {};
+  return FormatRecord(document.GetNodeXml("Responses"), false);
+}
+
+std::int32_t clsDragDrop::GetResponseBytes(std::int32_t lRespType, bool& bIsASCII) {
+  std::int32_t size = 0;
+  Member("GetResponseBytes", [&] {
+    bIsASCII = true;
+    size = ByteLength(RecordText(lRespType));
+  });
+  return size;
+}
+
+bool clsDragDrop::GetResponse(std::int32_t lRespType, SafeArray& arResponse, std::int32_t lBuffer) {
+  return Member("GetResponse", [&] {
+    const std::string record = RecordText(lRespType);
+    if (!record.empty()) FillArray(arResponse, record, lBuffer);
+  });
+}
+
+ScoringEngine& clsDragDrop::Engine() {
+  if (!moScoreEngine_) moScoreEngine_ = AsScoringEngine(classes_.Create(kScoreEngineProgId));
+  return *moScoreEngine_;
+}
+
+DataIORef clsDragDrop::EngineDocument() {
+  DataIORef document = Engine().Document();
+  if (!document) {
+    document = NewDocument();
+    Engine().SetDocument(document);
+  }
+  return document;
+}
+
+bool clsDragDrop::GetScoreInfo(std::int16_t& nItems, float& fMaxScore, float& fMinScore) {
+  return controlHost_.RunHostCall([&] {
+    nItems = 1;
+    const CursorScope keep(DataIO());
+    DataIO().SetFromRoot(true);
+    EngineDocument()->LoadXml(DataIO().GetNodeXml("Answers"));
+    fMaxScore = ToSingle(Engine().MaxScore());
+    fMinScore = ToSingle(Engine().MinScore());
+    return true;
+  });
+}
+
+bool clsDragDrop::ScoreExternalDisplay(ScoreCounts& counts) {
+  return Member("DisplayInt_ScoreExternalDisplay", [&] {
+    counts = {};
+    ScoreState(counts, ScoredDocument::StateWithKey);
+  });
+}
+
+void clsDragDrop::ScoreState(ScoreCounts& counts, ScoredDocument scored) {
+  zav::DataIO& document = DataIO();
+  const CursorScope keep(document);
+  document.SetFromRoot(true);
+  if (!document.FindNode("State")) return;
+  document.SetFromRoot(false);
+  if (!document.FindNode("Responses")) return;
+  if (document.ChildCount() == 0) {
+    counts.nNotAttempted = 1;
+    counts.nNotScored = 1;
+    return;
+  }
+  document.SetFromRoot(true);
+  const DataIORef engineDocument = EngineDocument();
+  if (scored == ScoredDocument::WholeItem) {
+    engineDocument->LoadXml(document.GetXml());
+  } else {
+    engineDocument->LoadXml(document.GetNodeXml("State"));
+    engineDocument->InsertXml("State", document.GetNodeXml("Answers"));
+  }
+  counts.fRawScore = ToSingle(Engine().CalculateScore());
+  (counts.fRawScore > 0 ? counts.nCorrect : counts.nIncorrect) = 1;
+}
+
+bool clsDragDrop::RescoreExternalDisplay(const SafeArray& arResponse, std::int32_t lRespBytes,
+                                         ScoreCounts& counts) {
+  return Member("DisplayInt_RescoreExternalDisplay", [&] {
+    counts = {};
+    if (lRespBytes < 1) return;
+    const std::string text = TextOfArray(arResponse);
+    std::string stateXml;
+    Trap(*moErrorDisplay_, "ConvertResponse", [&] { stateXml = StateFromResponseText(text); });
+    Rescore(stateXml, counts);
+  });
+}
+
+bool clsDragDrop::RescoreExternalDisplayQuick(const SafeArray& arResponse, std::int32_t lRespBytes,
+                                              ScoreCounts& counts, SafeArray& /*XMLBA*/,
+                                              std::int32_t& /*lArrayLen*/) {
+  return Member("DisplayInt_RescoreExternalDisplayQuick", [&] {
+    counts = {};
+    if (lRespBytes < 1) return;
+    Rescore("<State>" + TextOfArray(arResponse) + "</State>", counts);
+  });
+}
+
+void clsDragDrop::Rescore(const std::string& stateXml, ScoreCounts& counts) {
+  ReplaceState(stateXml);
+  ScoreState(counts, ScoredDocument::WholeItem);
+}
+
+}  // namespace zav

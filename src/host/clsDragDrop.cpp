@@ -1,0 +1,325 @@
+#include "host/clsDragDrop.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "automation/Conversions.h"
+#include "automation/Text.h"
+#include "document/Records.h"
+#include "form/frmMain.h"
+
+namespace zav {
+namespace {
+
+constexpr const char* kVersion = "1.0.0";
+
+constexpr std::int32_t kOptionReadOnly = 0x1;
+constexpr std::int32_t kOptionShowAnswers = 0x10;
+constexpr std::int32_t kOptionLorDriver = 0x100;
+
+constexpr float kFontSize = 11;
+constexpr std::size_t kLeastPathLength = 5;
+constexpr std::int32_t kLeastWidth = 8000;
+constexpr std::int32_t kLeastHeight = 4500;
+
+Font ItemFont(bool bold) {
+  Font font;
+  font.size = kFontSize;
+  font.bold = bold;
+  return font;
+}
+
+// Puts the cursor on the language's node below Root, where there is one.
+bool FindLanguage(DataIO& strings, const std::string& language) {
+  const std::int32_t count = strings.ChildCount();
+  for (std::int32_t i = 0; i < count; ++i) {
+    strings.MoveToChild(i);
+    if (strings.HasAttribute("Id") && ToText(strings.GetAttribute("Id")) == language) return true;
+    strings.MoveToParent();
+  }
+  return false;
+}
+
+std::string FontName(const DataIO& strings) {
+  const std::string name = ToText(strings.GetAttribute("Font"));
+  return name.empty() ? ToText(strings.GetChildAttribute(0, "Font")) : name;
+}
+
+}  // namespace
+
+clsDragDrop::clsDragDrop(Platform platform, const ClassRegistry& classes)
+    : controlHost_(platform),
+      classes_(classes),
+      fontReg_(std::make_shared<FontObject>(ItemFont(false))),
+      fontBld_(std::make_shared<FontObject>(ItemFont(true))),
+      moStatus_(std::make_unique<clsStatus>()),
+      moErrorDisplay_(std::make_unique<clsErrorDisplay>()) {
+  moErrorDisplay_->SetOwner(this);
+  moDataIO_ = NewDocument();
+  moDataIO_->SetOwner(this);
+  moStatus_->Owner = this;
+  moStatus_->DataIO = moDataIO_.get();
+  module_.gErrorDisplay = moErrorDisplay_.get();
+}
+
+clsDragDrop::~clsDragDrop() {
+  moErrorDisplay_->SetOwner(nullptr);
+  module_.loadedForms.clear();
+}
+
+DataIORef clsDragDrop::NewDocument() const {
+  Services& services = controlHost_.services();
+  return std::make_shared<zav::DataIO>(
+      [&services](const std::string& path) { return services.ReadFile(path); });
+}
+
+std::string clsDragDrop::AppVersion() const { return kVersion; }
+
+zav::DataIO& clsDragDrop::DataIO() {
+  if (!moDataIO_) throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+  return *moDataIO_;
+}
+
+frmMain& clsDragDrop::RequireForm() const {
+  if (!moForm_) throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+  return *moForm_;
+}
+
+void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
+  Member("DisplayInt_ExternalSupport_Set", [&] {
+    if (!support) {
+      throw AutomationError(error_number::kNoExternalSupport, "External Support is nothing",
+                            "Overview");
+    }
+    moExternalSupport_ = support;
+    msStaticPath_ = ToText(support->Call("GetLocalizePath", std::string("KVStatic.xml")));
+  });
+}
+
+WindowHandle clsDragDrop::SetParentWnd(WindowHandle hParentWnd) {
+  mlParenthWnd = hParentWnd;
+  return mlParenthWnd;
+}
+
+WindowHandle clsDragDrop::hwnd() {
+  WindowHandle last = 0;
+  for (const Form* form : module_.loadedForms) {
+    const bool counts = form->name() != "frmViewInfo" && form->name() != "frmConnections";
+    if (form->visible() && counts) last = form->hwnd();
+  }
+  return last;
+}
+
+bool clsDragDrop::InitExternalDisplay(const SafeArray& arInit, std::int32_t /*lInitBytes*/,
+                                      std::int32_t lOptions) {
+  return Member("InitExternalDisplay", [&] { Initialise(arInit, lOptions); });
+}
+
+void clsDragDrop::Initialise(const SafeArray& arInit, std::int32_t lOptions) {
+  mlOptions_ = lOptions;
+  const std::string language = LoadItem(arInit);
+  MergeStaticStrings(language);
+  CreateForm();
+  EnsureStateSection(DataIO());
+  AttachForm();
+  Raise(item_event::kRefreshDisplay);
+}
+
+std::string clsDragDrop::LoadItem(const SafeArray& arInit) {
+  zav::DataIO& document = DataIO();
+  document.LoadXml(Utf16LeToUtf8(arInit.Bytes()));
+  document.SetFromRoot(true);
+  if (!document.FindNode("DragAndDropItem")) {
+    throw AutomationError(error_number::kComponent, "The item has no element DragAndDropItem",
+                          "InitExternalDisplay");
+  }
+  return ToText(document.GetAttribute("Language"));
+}
+
+void clsDragDrop::MergeStaticStrings(const std::string& language) {
+  const std::string_view path = TrimBlanks(msStaticPath_);
+  if (CharacterCount(path) < kLeastPathLength || path == "0") {
+    throw AutomationError(error_number::kComponent, "Missing Static information",
+                          "InitExternalDisplay");
+  }
+  const DataIORef strings = NewDocument();
+  strings->LoadXml(msStaticPath_);
+  strings->FindNode("Root");
+  if (strings->ChildCount() > 0) {
+    FindLanguage(*strings, language);
+    fontReg_->font.name = FontName(*strings);
+    fontBld_->font.name = fontReg_->font.name;
+  }
+  strings->SetFromRoot(false);
+  zav::DataIO& document = DataIO();
+  document.SetFromRoot(true);
+  document.InsertXml("DragAndDropItem", strings->GetNodeXml("Static"));
+  const bool hasTitle = strings->FindNode("ApplicationTitle");
+  module_.gApplicationTitle = hasTitle ? ToText(strings->GetText()) : std::string();
+}
+
+void clsDragDrop::CreateForm() {
+  ReleaseForm();
+  moForm_ = std::make_unique<frmMain>(controlHost_, *moErrorDisplay_);
+  module_.loadedForms.push_back(moForm_.get());
+  moForm_->SetReadOnly((mlOptions_ & kOptionReadOnly) != 0);
+  moForm_->SetShowAnswers((mlOptions_ & kOptionShowAnswers) != 0);
+  if ((mlOptions_ & kOptionLorDriver) != 0) moForm_->SetLorDriver(true);
+  moForm_->SetParentClass(this, &events_);
+}
+
+void clsDragDrop::AttachForm() {
+  zav::DataIO& document = DataIO();
+  document.MoveToTop();
+  const std::string caseCode = ToText(document.GetAttribute("CaseCode"));
+  if (caseCode == "NONE") {
+    AttachForm(mlParenthWnd);
+    return;
+  }
+  std::vector<std::uint8_t> bytes = ReadCaseFile(caseCode);
+  if (bytes.empty()) {
+    ShowMessage(*this, "Can't find case study for this item.  Looking for " + caseCode,
+                message_style::kNotice);
+    AttachForm(mlParenthWnd);
+    return;
+  }
+  CreateCaseStudy(std::move(bytes));
+  moForm_->SetCaseStudy(mbCaseStudy_);
+  AttachForm(ToInt32(Require(moCaseStudy_).Call("getCaseParent")));
+}
+
+void clsDragDrop::AttachForm(WindowHandle parent) {
+  moForm_->SetPreviousParent(controlHost_.services().SetParent(moForm_->hwnd(), parent));
+}
+
+// A file that is missing or that cannot be read is one without bytes.
+std::vector<std::uint8_t> clsDragDrop::ReadCaseFile(const std::string& caseCode) {
+  const std::string path = GetGraphicsPath(moExternalSupport_, caseCode + ".xml");
+  if (path.empty()) return {};
+  try {
+    return controlHost_.services().ReadFile(path);
+  } catch (const AutomationError&) {
+    return {};
+  }
+}
+
+void clsDragDrop::CreateCaseStudy(std::vector<std::uint8_t> bytes) {
+  moCaseStudy_ = classes_.Create(kCaseStudyProgId);
+  mbCaseStudy_ = true;
+  const auto count = static_cast<std::int32_t>(bytes.size());
+  Require(moCaseStudy_).Call("DisplayInt_SetParentWnd", mlParenthWnd);
+  moCaseStudy_->Call("InitCaseStudy", SafeArray(std::move(bytes)), count, mlOptions_,
+                     moExternalSupport_, std::string("Question"));
+}
+
+bool clsDragDrop::ShowExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
+                                      std::int32_t lHeight) {
+  return Member("DisplayInt_ShowExternalDisplay", [&] {
+    mlLeft_ = lLeft;
+    mlTop_ = lTop;
+    mlWidth_ = lWidth;
+    mlHeight_ = lHeight;
+    EnsureStateSection(DataIO());
+    if (mbCaseStudy_) {
+      Require(moCaseStudy_).Call("DisplayInt_ShowExternalDisplay", lLeft, lTop, lWidth, lHeight);
+      AskQuestionSize();
+    }
+    RaiseResizeDisplay();
+  });
+}
+
+bool clsDragDrop::ResizeExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
+                                        std::int32_t lHeight) {
+  return Member("DisplayInt_ResizeExternalDisplay", [&] {
+    mlLeft_ = lLeft;
+    mlTop_ = lTop;
+    mlWidth_ = std::max(lWidth, kLeastWidth);
+    mlHeight_ = std::max(lHeight, kLeastHeight);
+    if (mbCaseStudy_) {
+      Require(moCaseStudy_)
+          .Call("DisplayInt_ResizeExternalDisplay", mlLeft_, mlTop_, mlWidth_, mlHeight_);
+      AskQuestionSize();
+    }
+    RaiseResizeDisplay();
+  });
+}
+
+// The case study keeps a part of the rectangle for itself.
+void clsDragDrop::AskQuestionSize() {
+  Variant rect[] = {mlLeft_, mlTop_, mlWidth_, mlHeight_};
+  Require(moCaseStudy_).Invoke("QuestionSize", rect);
+  mlLeft_ = ToInt32(rect[0]);
+  mlTop_ = ToInt32(rect[1]);
+  mlWidth_ = ToInt32(rect[2]);
+  mlHeight_ = ToInt32(rect[3]);
+}
+
+void clsDragDrop::RaiseResizeDisplay() {
+  static_cast<void>(RequireForm());
+  Variant rect[] = {mlLeft_, mlTop_, mlWidth_, mlHeight_};
+  events_.Raise(item_event::kResizeDisplay, rect);
+}
+
+void clsDragDrop::Raise(std::int32_t event) { events_.Raise(event, {}); }
+
+bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
+                            std::int32_t lHeight) {
+  return controlHost_.RunHostCall([&] {
+    Raise(item_event::kRefreshDisplay);
+    Variant rect[] = {lLeft, lTop, lWidth, lHeight};
+    events_.Raise(item_event::kResizeDisplay, rect);
+    return true;
+  });
+}
+
+bool clsDragDrop::HideExternalDisplay() {
+  return Member("DisplayInt_HideExternalDisplay", [&] {
+    if (mbCaseStudy_) Require(moCaseStudy_).Call("DisplayInt_HideExternalDisplay");
+    RequireForm().EndGesture();
+    RequireForm().Hide();
+  });
+}
+
+bool clsDragDrop::FreeExternalDisplay() {
+  return controlHost_.RunHostCall([&] {
+    ReleaseForm();
+    if (mbCaseStudy_) Require(moCaseStudy_).Call("DisplayInt_FreeExternalDisplay");
+    mbCaseStudy_ = false;
+    if (moDataIO_) moDataIO_->Clear();
+    moCaseStudy_.reset();
+    moScoreEngine_.reset();
+    moStatus_->Owner = nullptr;
+    moStatus_->DataIO = nullptr;
+    moDataIO_.reset();
+    moExternalSupport_.reset();
+    // The reporter stays for whatever is still on the stack, but reports to nobody.
+    moErrorDisplay_->SetOwner(nullptr);
+    return true;
+  });
+}
+
+void clsDragDrop::ReleaseForm() {
+  if (!moForm_) return;
+  moForm_->EndGesture();
+  moForm_->Hide();
+  controlHost_.services().SetParent(moForm_->hwnd(), moForm_->PreviousParent());
+  moForm_->SetParentClass(nullptr, nullptr);
+  moForm_->Form_Unload();
+  module_.loadedForms.clear();
+  controlHost_.KeepUntilIdle(std::move(moForm_));
+}
+
+void clsDragDrop::GetExternalDisplayStatus(std::int32_t& lDispState, bool& bViewedAll,
+                                           std::string& sStateMsg) {
+  controlHost_.RunHostCall([&] {
+    if (moCaseStudy_) {
+      Variant status[] = {lDispState, bViewedAll, sStateMsg};
+      moCaseStudy_->Invoke("DisplayInt_GetExternalDisplayStatus", status);
+      sStateMsg = ToText(status[2]);
+    }
+    bViewedAll = RequireForm().ViewedAll();
+    lDispState = ToInt32(moStatus_->AnswerStatus());
+  });
+}
+
+}  // namespace zav
