@@ -40,7 +40,7 @@ void CandidateInput::StartCapture() {
   Hover();
   capture_ = Capture{};
   Control* control = ControlUnder(at_);
-  if (control == nullptr) return;
+  if (control == nullptr || !control->enabled()) return;
   capture_->control = control->id();
   capture_->pressedAt = at_;
   if (control->kind() == ControlKind::Splitter) GrabBar(static_cast<Splitter&>(*control));

@@ -39,7 +39,7 @@ class CandidateInput {
   // What lasts from a press to its release. Controls are named by id, because they may go at any
   // time in between.
   struct Capture {
-    ControlId control = 0;  // 0: pressed where no form is
+    ControlId control = 0;  // 0: pressed where nothing takes it
     Point pressedAt;
     std::string element;     // of the page that was pressed on
     bool selecting = false;  // the page has been told that the pointer is drawn over its text

@@ -11,7 +11,8 @@
 
 namespace zav {
 
-// Of an animated GIF the first picture. Bytes behind the end of the picture do not matter.
+// Of an animated GIF the first picture. Bytes behind the end of the picture do not matter. Bitmaps
+// whose colours are told by masks are not read.
 //
 // Raises 481, naming the picture, for what is none of these formats, damaged or cut short, and for
 // more than 16384 pixels along a side or 64 million in all, before memory is taken for them.

@@ -1,6 +1,7 @@
 #include "platform/headless/WindowTable.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "automation/Text.h"
@@ -37,8 +38,14 @@ WindowHandle WindowTable::Find(std::string_view className, std::string_view titl
 
 std::vector<Form*> WindowTable::Forms() const {
   std::vector<Form*> forms;
-  for (const WindowHandle handle : order_) {
-    if (Form* form = windows_.at(handle).form) forms.push_back(form);
+  std::vector<WindowHandle> toVisit{0};
+  while (!toVisit.empty()) {
+    const WindowHandle container = toVisit.back();
+    toVisit.pop_back();
+    const Window* window = Find(container);
+    if (window != nullptr && window->form != nullptr) forms.push_back(window->form);
+    std::copy_if(order_.rbegin(), order_.rend(), std::back_inserter(toVisit),
+                 [&](WindowHandle each) { return windows_.at(each).parent == container; });
   }
   return forms;
 }

@@ -1,8 +1,9 @@
 // The windows of the headless platform: forms, windows of the host's and those of programs.
 //
-// A window is in front of those that were made or brought to the top before it. Handles are never
-// used again. Windows have no place of their own: a form stands where its position says, in the
-// window that it was given as a parent, and every parent covers the screen.
+// A window is in front of the one that it stands in, and beside others in there of those that were
+// made or brought to the top before it. Handles are never used again. Windows have no place of
+// their own: a form stands where its position says, in the window that it was given as a parent,
+// and every parent covers the screen.
 #pragma once
 
 #include <map>
