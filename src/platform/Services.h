@@ -16,7 +16,7 @@
 
 namespace zav {
 
-using ControlId = std::uint32_t;    // unique among all controls of one component, never 0
+using ControlId = std::uint32_t;    // unique among all controls, never 0
 using WindowHandle = std::int32_t;  // 0: no window
 
 struct TwipsPerPixel {
