@@ -21,18 +21,26 @@ class Limited : public Base {
       : Base(document), budget_(budget) {}
 
   int render(int x, int y, int maxWidth, bool secondPass) override {
-    return HtmlBudget::Spend(budget_.layouts) ? Base::render(x, y, maxWidth, secondPass) : 0;
+    if (!HtmlBudget::Spend(budget_.layouts, Depth())) return 0;
+    return Base::render(x, y, maxWidth, secondPass);
   }
   int select(const litehtml::css_selector& selector, bool applyPseudo) override {
-    if (!HtmlBudget::Spend(budget_.matches)) return litehtml::select_no_match;
+    if (!HtmlBudget::Spend(budget_.matches, 1)) return litehtml::select_no_match;
     return Base::select(selector, applyPseudo);
   }
   int select(const litehtml::css_element_selector& selector, bool applyPseudo) override {
-    if (!HtmlBudget::Spend(budget_.matches)) return litehtml::select_no_match;
+    if (!HtmlBudget::Spend(budget_.matches, 1)) return litehtml::select_no_match;
     return Base::select(selector, applyPseudo);
   }
 
  private:
+  // The engine looks for what an element inherits in all that it stands in.
+  [[nodiscard]] int Depth() const {
+    int depth = 1;
+    for (auto outer = this->parent(); outer; outer = outer->parent()) ++depth;
+    return depth;
+  }
+
   HtmlBudget& budget_;
 };
 

@@ -8,16 +8,21 @@
 
 #include <litehtml/litehtml.h>
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
 
 namespace zav {
 
 struct HtmlBudget {
-  int layouts = 400000;    // of one element each
+  int layouts = 500000;    // of one element, times the depth that it stands in
   int matches = 20000000;  // of one element with one part of a style rule
 
-  static bool Spend(int& budget) { return budget > 0 && budget-- > 0; }
+  // Whether there was enough left.
+  static bool Spend(int& budget, int cost) {
+    budget -= std::min(budget, cost);
+    return budget > 0;
+  }
 };
 
 // Null for an element that the engine makes best itself. The budget outlives the element.

@@ -117,15 +117,17 @@ std::string BearableAttributes(const HtmlToken& tag) {
 
 bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
 
-// Words and the blanks between them: so many pieces the layout engine makes of the text.
-std::size_t CountPieces(std::string_view text) {
-  std::size_t pieces = 0;
+// The part of text that makes no more pieces than there are left, which are taken off: a piece is a
+// word or a blank, as the layout engine has them.
+std::string_view TakePieces(std::string_view text, std::size_t& piecesLeft) {
   bool inWord = false;
-  for (const char c : text) {
-    if (IsBlank(c) || !inWord) ++pieces;
-    inWord = !IsBlank(c);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool isPiece = IsBlank(text[i]) || !inWord;
+    if (isPiece && piecesLeft == 0) return text.substr(0, i);
+    if (isPiece) --piecesLeft;
+    inWord = !IsBlank(text[i]);
   }
-  return pieces;
+  return text;
 }
 
 // Writes the page again, well nested.
@@ -141,7 +143,7 @@ class PageWriter {
 
  private:
   [[nodiscard]] bool IsFull() const {
-    return elements_ >= html_limit::kElements || pieces_ >= html_limit::kPieces;
+    return elements_ >= html_limit::kElements || piecesLeft_ == 0;
   }
 
   void Take(const HtmlToken& token, HtmlTokens& tokens) {
@@ -158,8 +160,7 @@ class PageWriter {
     const bool isBlank = std::all_of(text.begin(), text.end(), IsBlank);
     if (InTableFrame() && isBlank) return;
     EnsureCell();
-    pieces_ += CountPieces(text);
-    if (!IsFull()) out_ += Replaced(text, '<', "&lt;");
+    out_ += Replaced(TakePieces(text, piecesLeft_), '<', "&lt;");
   }
 
   void Start(const HtmlToken& tag, HtmlTokens& tokens) {
@@ -291,7 +292,7 @@ class PageWriter {
 
   std::vector<std::string> open_;
   std::size_t elements_ = 0;
-  std::size_t pieces_ = 0;
+  std::size_t piecesLeft_ = html_limit::kPieces;
   std::size_t rulesLeft_ = html_limit::kRules;
   std::string rules_;
   std::string bodyAttributes_;

@@ -112,10 +112,13 @@ std::string BearableRules(std::string_view rules, std::size_t& rulesLeft) {
     if (open == std::string_view::npos) break;
     const std::size_t close = std::min(rest.find('}', open), rest.size());
     const std::string_view selector = WithoutLeftovers(rest.substr(0, open));
+    const auto selectors =
+        static_cast<std::size_t>(std::count(selector.begin(), selector.end(), ',')) + 1;
+    if (selectors > rulesLeft) break;
     if (IsPlainSelector(selector)) {
       bearable.append(selector).append("{");
       bearable += BearableDeclarations(rest.substr(open + 1, close - open - 1)) + "}\n";
-      --rulesLeft;
+      rulesLeft -= selectors;
     }
     rest.remove_prefix(std::min(close + 1, rest.size()));
   }

@@ -15,7 +15,8 @@ std::string WithBoundedNumbers(std::string_view text, int most);
 std::string BearableDeclarations(std::string_view declarations);
 
 // The contents of a style element. Rules without conditions only: no at-rules, no pseudo-classes,
-// no selectors of more than three parts. Takes one off rulesLeft for every rule, and ends at 0.
+// no selectors of more than three parts. Takes one off rulesLeft for every
+// selector, and ends before the first rule for which it does not suffice.
 std::string BearableRules(std::string_view rules, std::size_t& rulesLeft);
 
 }  // namespace zav
