@@ -90,19 +90,20 @@ bool Control::ShownInForm() const {
 
 Point Control::ChildOffset(const Control& /*child*/) const { return {}; }
 
+bool Control::Hears() const { return enabled_ && host_.takesInput(); }
+
 void Control::RaiseMouseDown(const MouseEvent& event) {
-  if (enabled_ && onMouseDown) host_.RunEvent([&] { onMouseDown(event); });
+  if (Hears() && onMouseDown) host_.RunEvent([&] { onMouseDown(event); });
 }
 
 void Control::RaiseMouseMove(const MouseEvent& event) {
-  // A control that was disabled by its own drag still hears how the drag goes on.
-  if ((enabled_ || event.button != MouseButton::None) && onMouseMove) {
-    host_.RunEvent([&] { onMouseMove(event); });
-  }
+  // A control that was disabled in its own drag still hears how the drag goes on.
+  const bool hears = Hears() || (event.button != MouseButton::None && host_.takesInput());
+  if (hears && onMouseMove) host_.RunEvent([&] { onMouseMove(event); });
 }
 
 void Control::RaiseMouseUp(const MouseEvent& event) {
-  if (onMouseUp) host_.RunEvent([&] { onMouseUp(event); });
+  if (host_.takesInput() && onMouseUp) host_.RunEvent([&] { onMouseUp(event); });
 }
 
 void Control::RaiseMouseCancel() {
@@ -110,19 +111,19 @@ void Control::RaiseMouseCancel() {
 }
 
 void Control::RaiseHover() {
-  if (enabled_ && onHover) host_.RunEvent([&] { onHover(); });
+  if (Hears() && onHover) host_.RunEvent([&] { onHover(); });
 }
 
 void Control::RaiseClick() {
-  if (enabled_ && onClick) host_.RunEvent([&] { onClick(); });
+  if (Hears() && onClick) host_.RunEvent([&] { onClick(); });
 }
 
 void Control::RaiseKeyDown(const KeyEvent& event) {
-  if (enabled_ && onKeyDown) host_.RunEvent([&] { onKeyDown(event); });
+  if (Hears() && onKeyDown) host_.RunEvent([&] { onKeyDown(event); });
 }
 
 void Control::RaiseFocus() {
-  if (enabled_ && onFocus) host_.RunEvent([&] { onFocus(); });
+  if (Hears() && onFocus) host_.RunEvent([&] { onFocus(); });
 }
 
 void Control::CopyFrom(const Control& model) {

@@ -165,6 +165,8 @@ class Control {
   virtual void CopyFrom(const Control& model);
 
  protected:
+  // Whether what the candidate does reaches the control now.
+  [[nodiscard]] bool Hears() const;
   // Runs when the size changed, before the handler of onResize.
   virtual void SizeChanged() {}
   void Changed(unsigned what);

@@ -44,6 +44,10 @@ class ControlHost {
     }
   }
 
+  // While it is off, nothing that the candidate does reaches the controls.
+  [[nodiscard]] bool takesInput() const { return takesInput_; }
+  void SetTakesInput(bool takes) { takesInput_ = takes; }
+
   // Keeps something that is being let go until no call from outside is on the stack: the call that
   // lets a form go may have come from one of its own controls.
   void KeepUntilIdle(std::shared_ptr<void> kept) { kept_.push_back(std::move(kept)); }
@@ -70,6 +74,7 @@ class ControlHost {
 
   Platform platform_;
   int depth_ = 0;
+  bool takesInput_ = true;
   std::vector<Control*> changed_;   // in no order; each once
   std::vector<ControlId> removed_;  // presented before and gone since
   std::vector<std::shared_ptr<void>> kept_;

@@ -27,7 +27,7 @@ int HtmlPane::ContentHeightPixels() const {
 int HtmlPane::ScrollTopPixels() const { return host().services().PageScrollTop(id()); }
 
 void HtmlPane::RaisePageEvent(PageEvent& event) {
-  if (enabled() && onPageEvent) host().RunEvent([&] { onPageEvent(event); });
+  if (Hears() && onPageEvent) host().RunEvent([&] { onPageEvent(event); });
 }
 
 }  // namespace zav

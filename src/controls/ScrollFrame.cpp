@@ -5,6 +5,7 @@
 namespace zav {
 
 void ScrollFrame::ScrollTo(float x, float y) {
+  if (!Hears()) return;
   const float newX = std::clamp(x, 0.0F, std::max(0.0F, scrollWidth_ - width()));
   const float newY = std::clamp(y, 0.0F, std::max(0.0F, scrollHeight_ - height()));
   const bool movedX = newX != scrollX_;

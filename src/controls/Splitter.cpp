@@ -111,6 +111,7 @@ void Splitter::SetPaneWidth(std::string_view key, float width) {
 }
 
 void Splitter::DragBar(std::string_view key, float paneSize) {
+  if (!Hears()) return;
   const Position at = Find(key);
   host().RunEvent([&] {
     if (at.pane + 1 < rows_[at.row].panes.size()) {

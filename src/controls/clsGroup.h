@@ -15,9 +15,9 @@ struct clsGroup {
   std::string GroupId;
   std::int16_t ItemHeight = 0;  // of each source item, twips of the running display
   std::int16_t ItemWidth = 0;
-  std::int16_t SourceCount = 0;        // sources read so far
-  std::vector<RichText*> Sources;      // text panes of the group's items, in source order
-  HtmlPane* Heading = nullptr;         // shows the group's heading; both belong to the form
+  std::int16_t SourceCount = 0;    // sources read so far
+  std::vector<RichText*> Sources;  // text panes of the group's items, in source order
+  HtmlPane* Heading = nullptr;     // shows the group's heading; both belong to the form
 
   // The room that the group's items take, in hundreds of twips squared.
   [[nodiscard]] std::int32_t GetArea() const {

@@ -7,6 +7,9 @@
 
 namespace zav {
 
+// What was picked up without holding the mouse: by a key, or by a click.
+enum class Carried { Nothing, FromSource, FromTarget };
+
 struct DragState {
   bool ItemPressed = false;  // pressed on a source item or an occupied target, not yet released
   std::int32_t PressX = 0;   // where on a source cover, twips
@@ -16,7 +19,9 @@ struct DragState {
   std::int16_t CurrentTarget = 0;      // the target under the dragged item, 0: none
   bool OverSourceArea = false;         // the dragged item is over the source area
   std::int16_t HighlightedTarget = 0;  // the target that shows the highlight frame, 0: none
-  bool SourceUsedUp = false;           // what the last count of a source item's uses found
+  Carried carried = Carried::Nothing;
+  int carriedIndex = 0;       // of the source item or the target that it was picked up from
+  bool SourceUsedUp = false;  // what the last count of a source item's uses found
 
   // The glide of a refused or returned item. All positions are twips.
   Control* AnimObject = nullptr;

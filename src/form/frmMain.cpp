@@ -7,6 +7,7 @@
 #include "form/StateRestorer.h"
 #include "form/commands/FooterCommands.h"
 #include "form/commands/SetAnswersCommand.h"
+#include "form/interaction/KeyboardDrag.h"
 #include "form/interaction/SourceDrag.h"
 #include "form/interaction/TargetDrag.h"
 
@@ -50,6 +51,7 @@ struct frmMain::Rooms {
   DragRooms drags{drawing, location, picture, feedback, placement, refresh, targetLook};
   SourceDrag sourceDrag{core, drags, sourceLook};
   TargetDrag targetDrag{core, drags};
+  KeyboardDrag keyboard{core, drags, sourceDrag, targetDrag};
   StateRestorer restorer{core, panes, placement};
   PaneLayout layout{core, panes, sizing, refresh, recorder};
   FormLoader loader{core, {pages, panes, sourceArea, workArea}};
@@ -107,9 +109,12 @@ void frmMain::OnEvent(std::int32_t dispatchId, std::span<Variant> arguments) {
 bool frmMain::ViewedAll() { return rooms_->readiness.ViewedAll_Get(); }
 
 void frmMain::EndGesture() {
+  rooms_->commands.DropQuestion();
   rooms_->flash.Stop();
   rooms_->feedback.tmFade_Timer();
-  if (core().drag.ItemPressed || rooms_->picture.Visible()) CancelDrag(core(), rooms_->drags);
+  if (core().drag.ItemPressed || rooms_->picture.Visible() || rooms_->keyboard.Carrying()) {
+    CancelDrag(core(), rooms_->drags);
+  }
 }
 
 void frmMain::Form_Unload() {
@@ -126,9 +131,15 @@ void frmMain::WireDrags() {
     SourceDrag& drag = rooms_->sourceDrag;
     cover.onMouseDown = [&drag, index](const MouseEvent& e) { drag.CoverMouseDown(index, e); };
     cover.onMouseMove = [&drag, index](const MouseEvent& e) { drag.CoverMouseMove(index, e); };
-    cover.onMouseUp = [&drag, index](const MouseEvent& e) { drag.CoverMouseUp(index, e); };
-    cover.onMouseCancel = [&drag, index] { drag.Cancel(index); };
+    KeyboardDrag& keyboard = rooms_->keyboard;
+    cover.onMouseUp = [&drag, &keyboard, index](const MouseEvent& e) {
+      const bool click = keyboard.IsClick();
+      drag.CoverMouseUp(index, e);
+      if (click) keyboard.SourceClick(index);
+    };
+    cover.onMouseCancel = [this] { CancelDrag(core(), rooms_->drags); };
     cover.onHover = [&drag, index] { drag.CoverHover(index); };
+    cover.onKeyDown = [&keyboard, index](const KeyEvent& e) { keyboard.SourceKey(index, e); };
   };
   core().controls.imgSource.onLoad = [this](PictureButton& picture, int index) {
     picture.onClick = [this, index] { core().controls.imgSourceCover[index].BringToFront(); };
@@ -137,10 +148,15 @@ void frmMain::WireDrags() {
     TargetDrag& drag = rooms_->targetDrag;
     cover.onMouseDown = [&drag, index](const MouseEvent& e) { drag.CoverMouseDown(index, e); };
     cover.onMouseMove = [&drag, index](const MouseEvent& e) { drag.CoverMouseMove(index, e); };
-    cover.onMouseUp = [&drag, index](const MouseEvent& e) { drag.CoverMouseUp(index, e); };
-    cover.onMouseCancel = [&drag, index] { drag.Cancel(index); };
+    KeyboardDrag& keyboard = rooms_->keyboard;
+    cover.onMouseUp = [&drag, &keyboard, index](const MouseEvent& e) {
+      const bool click = keyboard.IsClick() || keyboard.Carrying();
+      drag.CoverMouseUp(index, e);
+      if (click) keyboard.TargetClick(index);
+    };
+    cover.onMouseCancel = [this] { CancelDrag(core(), rooms_->drags); };
     cover.onHover = [&drag, index] { drag.CoverHover(index); };
-    cover.onKeyDown = [&drag, index](const KeyEvent& e) { drag.CoverKeyDown(index, e); };
+    cover.onKeyDown = [&keyboard, index](const KeyEvent& e) { keyboard.TargetKey(index, e); };
     cover.onFocus = [&drag, index] { drag.CoverFocus(index); };
   };
   PictureButton& dragged = core().controls.imgDrag;

@@ -33,7 +33,7 @@ class frmMain : public Form, private EventSink {
   // under "ViewedAll_Get".
   bool ViewedAll();
 
-  // Ends a drag, a glide and the timers, the item back where it was.
+  // Ends a drag, a glide, the timers and an open question, the item back where it was.
   void EndGesture();
   // Takes everything that was loaded at run time off the form. Reports under "Form_Unload".
   void Form_Unload();

@@ -13,11 +13,12 @@ void FooterCommands::cmdReset_Click() {
       Reset();
       return;
     }
-    const std::string question = GetStaticMsg(form_.Owner(), "msgClearAll");
-    const std::int16_t answer = ShowMessage(form_.Owner(), question, message_style::kOkCancel);
-    if (answer == message_answer::kOk) Reset();
-    rooms_.refresh.RefreshSourceArea();
-    rooms_.refresh.RefreshWorkArea();
+    question_.Ask(form_.Owner(), GetStaticMsg(form_.Owner(), "msgClearAll"),
+                  message_style::kOkCancel, [this](std::int16_t answer) {
+                    if (answer == message_answer::kOk) Reset();
+                    rooms_.refresh.RefreshSourceArea();
+                    rooms_.refresh.RefreshWorkArea();
+                  });
   });
 }
 

@@ -9,6 +9,7 @@
 #include "form/PageLoading.h"
 #include "form/commands/frmInstructions.h"
 #include "form/interaction/Placement.h"
+#include "host/Question.h"
 
 namespace zav {
 
@@ -20,7 +21,8 @@ class FooterCommands {
     AreaRefresh& refresh;
     PageLoading& pages;
   };
-  FooterCommands(FormCore& form, const Rooms& rooms) : form_(form), rooms_(rooms) {}
+  FooterCommands(FormCore& form, const Rooms& rooms)
+      : form_(form), rooms_(rooms), question_(form.host) {}
 
   // On while Set Answers clears the item: nothing is asked, and the areas are not refreshed.
   bool ResetWithoutConfirm = false;
@@ -34,6 +36,9 @@ class FooterCommands {
 
   // Empties every target; every source item has all its uses again.
   void Reset();
+
+  // Takes a question that is open back, as if it had been cancelled.
+  void DropQuestion() { question_.Drop(); }
 
   // The open instructions window, or null.
   [[nodiscard]] frmInstructions* InstructionsForm() const { return InstructionsForm_.get(); }
@@ -49,6 +54,7 @@ class FooterCommands {
 
   FormCore& form_;
   Rooms rooms_;
+  Question question_;
   WindowHandle CalcWindow_ = 0;
   WindowHandle CalcPreviousParent_ = 0;
   std::unique_ptr<frmInstructions> InstructionsForm_;

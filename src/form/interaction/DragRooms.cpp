@@ -9,6 +9,17 @@ namespace {
 
 constexpr float kDragThresholdPixels = 4;
 
+void ResetPointers(FormControls& controls) {
+  for (int s = 1; s <= controls.imgSource.UpperBound(); ++s) {
+    controls.imgSource[s].SetPointer(Pointer::Default);
+    controls.txtSource[s].SetPointer(Pointer::Default);
+  }
+  for (int t = 1; t <= controls.imgTarget.UpperBound(); ++t) {
+    controls.imgTarget[t].SetPointer(Pointer::Default);
+    controls.txtTarget[t].SetPointer(Pointer::Default);
+  }
+}
+
 }  // namespace
 
 bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pressX,
@@ -24,8 +35,10 @@ void CancelDrag(FormCore& form, const DragRooms& rooms) {
   rooms.feedback.HideHint();
   form.controls.tmFade.SetEnabled(false);
   form.drag.ItemPressed = false;
+  form.drag.carried = Carried::Nothing;
   form.drag.HighlightedTarget = 0;
   form.drag.CurrentTarget = 0;
+  ResetPointers(form.controls);
   rooms.refresh.RefreshSourceArea();
   rooms.refresh.RefreshWorkArea();
 }

@@ -21,15 +21,16 @@ void SourceDrag::CoverMouseMove(int index, const MouseEvent& event) {
   form_.Trap("imgSourceCover_MouseMove", [&] {
     if (event.button == MouseButton::None) {
       SetCoverPointer(index, form_.controls.picHand);
-      if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) Cancel(index);
+      if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) CancelDrag(form_, rooms_);
       return;
     }
     if (!form_.drag.ItemPressed) return;
     if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) {
       SourceMouseMove(index, event.x, event.y);
     } else if (MovedEnough(form_, event, form_.drag.PressX, form_.drag.PressY)) {
+      if (form_.drag.carried != Carried::Nothing) CancelDrag(form_, rooms_);
+      form_.drag.ItemPressed = true;
       SourceDragStart(index, event.x, event.y);
-      rooms_.picture.Show();
     }
   });
 }
@@ -158,11 +159,6 @@ void SourceDrag::Place(int index) {
   rooms_.placement.RecountUses(index);
   form_.controls.imgSourceCover[index].BringToFront();
   rooms_.picture.Hide();
-}
-
-void SourceDrag::Cancel(int index) {
-  CancelDrag(form_, rooms_);
-  SetItemPointer(index, Pointer::Default);
 }
 
 bool SourceDrag::Accepts(int target, int index) const {

@@ -23,12 +23,10 @@ class SourceDrag {
   void SourceDragStart(int index, float x, float y);
   void SourceMouseMove(int index, float x, float y);
   void SourceMouseUp(int index, float x, float y);
-
-  // Ends the drag as if it had never begun.
-  void Cancel(int index);
+  // What shows of the target in CurrentTarget.
+  void TrackTarget(int index);
 
  private:
-  void TrackTarget(int index);
   void EnterTarget(int index, int target);
   void LeaveTargets(int index);
   void Drop(int index);

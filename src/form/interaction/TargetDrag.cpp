@@ -29,13 +29,15 @@ void TargetDrag::CoverMouseMove(int index, const MouseEvent& event) {
     const bool dragging = rooms_.picture.Visible() && !rooms_.picture.Gliding();
     if (event.button == MouseButton::None) {
       SetHandPointer(index);
-      if (dragging) Cancel(index);
+      if (dragging) CancelDrag(form_, rooms_);
       return;
     }
     if (!form_.drag.ItemPressed) return;
     if (dragging) {
       TargetMouseMove(index, event.x, event.y);
     } else if (MovedEnough(form_, event, form_.drag.TargetPressX, form_.drag.TargetPressY)) {
+      if (form_.drag.carried != Carried::Nothing) CancelDrag(form_, rooms_);
+      form_.drag.ItemPressed = true;
       TargetDragStart(index, event.x, event.y);
     }
   });
@@ -151,7 +153,10 @@ void TargetDrag::LeaveTargets(int index) {
 }
 
 void TargetDrag::TargetMouseUp(int index, float /*x*/, float /*y*/) {
-  if (!rooms_.picture.Visible()) return;
+  if (rooms_.picture.Visible()) FinishDrag(index);
+}
+
+void TargetDrag::FinishDrag(int index) {
   form_.Trap("TargetMouseUp", [&] { Drop(index); });
   form_.drag.HighlightedTarget = 0;
   form_.Trap("TargetMouseUp", [&] {
@@ -199,11 +204,6 @@ void TargetDrag::ReturnToSource(int index) {
 void TargetDrag::GlideHome(int index) {
   const Point home = OriginOnForm(index);
   rooms_.picture.Animate(false, form_.controls.pcDrag, RoundToInt32(home.x), RoundToInt32(home.y));
-}
-
-void TargetDrag::Cancel(int index) {
-  CancelDrag(form_, rooms_);
-  rooms_.targetLook.SetPointer(index, Pointer::Default);
 }
 
 bool TargetDrag::HoldsAnItem(int index) const {

@@ -23,14 +23,15 @@ class TargetDrag {
   void TargetDragStart(int index, float x, float y);
   void TargetMouseMove(int index, float x, float y);
   void TargetMouseUp(int index, float x, float y);
+  // The two halves of a drag that need no pointer: what shows of the target in CurrentTarget, and
+  // the drop there.
+  void TrackTarget(int index);
+  void FinishDrag(int index);
 
   // Takes the item off the target, as the Delete key does.
   void RemoveItem(int index);
-  // Ends the drag as if it had never begun.
-  void Cancel(int index);
 
  private:
-  void TrackTarget(int index);
   void EnterTarget(int index, int target);
   void LeaveTargets(int index);
   void Drop(int index);

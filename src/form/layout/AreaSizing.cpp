@@ -146,8 +146,10 @@ void AreaSizing::SizeSourcesTop(bool paneFollows) {
 void AreaSizing::SizeSourcesLeft() {
   form_.Trap("SizeSourcesLeft", [&] {
     FormControls& controls = form_.controls;
-    const float width = controls.scrSource.width() - kScrollBarPixels * form_.TwipsX();
-    const GroupArrangement arrangement = ArrangeGroupsLeft(RequestGroups(), width, Gaps());
+    ArrangementGaps gaps = Gaps();
+    gaps.scrollBar = kScrollBarPixels * form_.TwipsX();
+    const float width = controls.scrSource.width() - form_.TwipsX();
+    const GroupArrangement arrangement = ArrangeGroupsLeft(RequestGroups(), width, gaps);
     Apply(arrangement);
     controls.scrSource.SetScrollWidth(arrangement.surface.width);
   });

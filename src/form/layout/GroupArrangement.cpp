@@ -6,7 +6,7 @@ namespace zav {
 namespace {
 
 float LeastWidth(const GroupRequest& group, const ArrangementGaps& gaps) {
-  return group.item.width + 2 * gaps.besideItems;
+  return group.item.width + 2 * gaps.besideItems + gaps.scrollBar;
 }
 
 // Places the group at `corner`, as wide as `width`, and returns the bottom of its last row.
@@ -14,7 +14,7 @@ float ArrangeGroup(const GroupRequest& group, Point corner, float width,
                    const ArrangementGaps& gaps, ArrangedGroup& arranged) {
   arranged.heading = {corner.x, corner.y, width, group.headingHeight};
   const float first = corner.x + gaps.besideItems;
-  const float rightmost = corner.x + width - gaps.besideItems;
+  const float rightmost = corner.x + width - gaps.besideItems - gaps.scrollBar;
   Point at{first, arranged.heading.Bottom() + gaps.betweenRows};
   float bottom = arranged.heading.Bottom();
   for (int i = 0; i < group.itemCount; ++i) {

@@ -29,12 +29,14 @@ struct ArrangementGaps {
   float betweenItems = 0;  // side by side
   float betweenRows = 0;
   float besideItems = 0;  // between a group's edge and its items
+  float scrollBar = 0;    // kept free of items at the right edge
   float betweenGroups = 0;
   float atEnd = 0;  // below the last item
 };
 
 // One below the other, each heading as wide as the surface. Items stand from left to right under
-// their heading, in a new row when the next one would pass the heading's width. The surface is as
+// their heading, in a new row when the next one would pass the heading's width or come under the
+// scroll bar. The surface is as
 // wide as asked for, or as its widest item needs.
 GroupArrangement ArrangeGroupsLeft(const std::vector<GroupRequest>& groups, float surfaceWidth,
                                    const ArrangementGaps& gaps);
