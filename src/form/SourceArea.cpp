@@ -10,6 +10,7 @@
 namespace zav {
 namespace {
 
+constexpr float kAnswerButtonFontSize = 6;
 constexpr float kAnswerButtonWidthTwips = 330;
 constexpr float kAnswerButtonHeightTwips = 210;
 constexpr float kScrollerRoomPixels = 10;
@@ -166,6 +167,9 @@ void SourceArea::LoadAnswerButton(int source, const std::string& answerValue) {
   const PictureButton& cover = form_.controls.imgSourceCover[source];
   button.Show();
   button.Move({cover.left(), cover.top(), kAnswerButtonWidthTwips, kAnswerButtonHeightTwips});
+  Font font = button.font();
+  font.size = kAnswerButtonFontSize;
+  button.SetFont(font);
   button.SetCaption(answerValue);
 }
 

@@ -11,6 +11,12 @@ constexpr float kHintGapPixels = 5;
 
 }  // namespace
 
+void DragFeedback::Highlight(int target) {
+  drawing_.HighlightTarget(target);
+  // The callouts came back in front of the hint.
+  form_.controls.pcdroptext.BringToFront();
+}
+
 void DragFeedback::RemoveHighlight() {
   if (form_.drag.HighlightedTarget > 0) drawing_.EraseTargetHighlight(form_.drag.HighlightedTarget);
 }

@@ -11,7 +11,7 @@ class DragFeedback {
   DragFeedback(FormCore& form, Drawing& drawing) : form_(form), drawing_(drawing) {}
 
   // Frames the target that the drag came over.
-  void Highlight(int target) { drawing_.HighlightTarget(target); }
+  void Highlight(int target);
   // Takes the frame of the highlighted target away, if one is highlighted.
   void RemoveHighlight();
 
