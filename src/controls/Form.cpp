@@ -10,6 +10,10 @@ Form::Form(ControlHost& host, std::string name)
   SetVisible(false);
 }
 
+void Form::RaiseClose() {
+  if (Hears() && onClose) host().RunEvent([this] { onClose(); });
+}
+
 Form::~Form() { host().services().DestroyFormWindow(hwnd_); }
 
 }  // namespace zav

@@ -2,6 +2,7 @@
 // was given as a parent.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "controls/Control.h"
@@ -16,6 +17,10 @@ class Form : public Control {
   [[nodiscard]] WindowHandle hwnd() const { return hwnd_; }
   [[nodiscard]] const std::string& caption() const { return caption_; }
   void SetCaption(std::string caption) { Set(caption_, std::move(caption), change::kLook); }
+
+  // The candidate closes the window. A form that does not listen cannot be closed.
+  std::function<void()> onClose;
+  void RaiseClose();
 
   // The inner size: a form without a border has no other.
   [[nodiscard]] float scaleWidth() const { return width(); }

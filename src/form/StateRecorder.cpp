@@ -44,6 +44,8 @@ void StateRecorder::WriteStateResponse(std::string_view response) {
 }
 
 void StateRecorder::RemoveStateResponse(std::string_view answerId) {
+  // The empty text is in every response: it names none.
+  if (answerId.empty()) return;
   form_.Trap("RemoveStateResponse", [&] {
     DataIO& document = form_.Document();
     const RecorderScope keep(document);

@@ -73,6 +73,7 @@ void FooterCommands::OpenInstructions() {
                  (main.scaleHeight() - window->height()) / 2);
   window->SetCaption(caption);
   if (onInstructionsLoaded) onInstructionsLoaded(window->txtInstructions);
+  window->onClose = [this] { CloseInstructions(); };
   window->SetInstText(text);
   window->Show();
   form_.Owner().Module().loadedForms.push_back(window.get());
@@ -94,7 +95,8 @@ std::string FooterCommands::InstructionsText() const {
 void FooterCommands::CloseInstructions() {
   if (!InstructionsForm_) return;
   std::erase(form_.Owner().Module().loadedForms, InstructionsForm_.get());
-  InstructionsForm_.reset();
+  // It may be the window itself that asks to be closed.
+  form_.host.KeepUntilIdle(std::move(InstructionsForm_));
 }
 
 void FooterCommands::CloseWindows() {
@@ -104,7 +106,7 @@ void FooterCommands::CloseWindows() {
     services.SendClose(CalcWindow_);
   }
   CalcWindow_ = 0;
-  InstructionsForm_.reset();
+  form_.host.KeepUntilIdle(std::move(InstructionsForm_));
 }
 
 }  // namespace zav

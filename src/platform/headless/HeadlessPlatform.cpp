@@ -54,7 +54,17 @@ WindowHandle HeadlessPlatform::CreateHostWindow(const std::string& title) {
 
 void HeadlessPlatform::CloseWindow(WindowHandle window) {
   const Window* found = windows_.Find(window);
-  if (found != nullptr && found->owner != Window::Owner::Form) windows_.Close(window);
+  if (found == nullptr) return;
+  if (found->owner != Window::Owner::Form) {
+    windows_.Close(window);
+    return;
+  }
+  for (Form* form : windows_.Forms()) {
+    if (form->hwnd() == window) {
+      form->RaiseClose();
+      return;
+    }
+  }
 }
 
 void HeadlessPlatform::RegisterProgram(std::string_view path, Program program) {

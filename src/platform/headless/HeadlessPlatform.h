@@ -95,7 +95,7 @@ class HeadlessPlatform final : public Services, public Presenter {
 
   // A window of the host's, on the desktop.
   WindowHandle CreateHostWindow(const std::string& title);
-  // Closes a window as the candidate or its owner does. A form's window goes with the form only.
+  // Closes a window as the candidate or its owner does. A form is asked, and may stay open.
   void CloseWindow(WindowHandle window);
   [[nodiscard]] const WindowTable& windows() const { return windows_; }
   // Only the last part of the path counts, without regard to case.
