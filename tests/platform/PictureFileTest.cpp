@@ -92,7 +92,9 @@ TEST(PictureFile, IsRefusedWhereverItIsCut) {
   for (const auto& format : kFormats) {
     const Bytes whole = Encode(Speckles(), format.encode);
     ASSERT_GT(whole.size(), 97U * 10) << format.name;
-    for (std::size_t length = 0; length + 1 < whole.size(); length += 97) {
+    std::vector<std::size_t> lengths = {whole.size() - 2};
+    for (std::size_t length = 0; length + 2 < whole.size(); length += 97) lengths.push_back(length);
+    for (const std::size_t length : lengths) {
       const Raised raised = Catch([&] { DecodePicture({whole.data(), length}, "items/a.pic"); });
       EXPECT_EQ(raised.number, error_number::kInvalidPicture) << format.name << " at " << length;
       EXPECT_NE(raised.description.find("items/a.pic"), std::string::npos) << raised.description;
@@ -100,58 +102,64 @@ TEST(PictureFile, IsRefusedWhereverItIsCut) {
   }
 }
 
-void PutBigEndian(Bytes& bytes, std::size_t at, std::uint32_t value) {
-  for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-    bytes[at++] = static_cast<std::uint8_t>(value >> shift);
-  }
-}
-
-Bytes Png(std::uint32_t width, std::uint32_t height) {
-  Bytes bytes = Encode(Flag(4, 4), kFormats[1].encode);
-  PutBigEndian(bytes, 16, width);
-  PutBigEndian(bytes, 20, height);
-  return bytes;
-}
-
-Bytes Changed(std::size_t format, std::initializer_list<std::pair<std::size_t, int>> changes) {
-  Bytes bytes = Encode(Flag(4, 4), kFormats[format].encode);
+Bytes Changed(Bytes bytes, std::initializer_list<std::pair<std::size_t, int>> changes) {
   for (const auto& [at, value] : changes) bytes[at] = static_cast<std::uint8_t>(value);
   return bytes;
 }
 
-// A picture of one row of blocks that is refined that often.
-Bytes JpegWithScans(int scans) {
-  Bytes bytes = Encode(Flag(4, 4), kFormats[3].encode);
-  bytes.resize(bytes.size() - 2);
-  const Bytes scan = {0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 63, 0, 0x55};
-  for (int i = 0; i < scans; ++i) bytes.insert(bytes.end(), scan.begin(), scan.end());
-  bytes.insert(bytes.end(), {0xFF, 0xD9});
+// A sound picture of 4 by 4 on a screen of any size.
+Bytes GifOnScreen(int width, int height) {
+  return Changed(Encode(Flag(4, 4), kFormats[2].encode),
+                 {{6, width & 0xFF}, {7, width >> 8}, {8, height & 0xFF}, {9, height >> 8}});
+}
+
+// On a screen of 4 by 4.
+Bytes GifOfWidth(int width) {
+  const Bytes bytes = GifOnScreen(4, 4);
+  const std::size_t at = 13 + (std::size_t{3} << ((bytes[10] & 7U) + 1));
+  return Changed(bytes, {{at + 5, width & 0xFF}, {at + 6, width >> 8}});
+}
+
+// Its last refinement comes that often more.
+Bytes RefinedJpeg(int times) {
+  Bytes bytes = Encode(Speckles(), kFormats[4].encode);
+  std::size_t at = bytes.size() - 3;
+  while (bytes[at] != 0xFF || bytes[at + 1] != 0xDA) --at;
+  const Bytes scan(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.end() - 2);
+  for (int i = 0; i < times; ++i) bytes.insert(bytes.end() - 2, scan.begin(), scan.end());
   return bytes;
 }
 
-TEST(PictureFile, IsRefusedBeforeItTakesMemory) {
+TEST(PictureFile, IsHeldToWhatCanBeBorne) {
+  const Bytes bitmap = Encode(Flag(4, 4), kFormats[0].encode);
+  const Bytes png = Encode(Flag(4, 4), kFormats[1].encode);
+  const int bad = error_number::kInvalidPicture;
   const struct {
     const char* why;
     Bytes bytes;
+    int want;
   } rows[] = {
-      {"nothing at all", {}},
-      {"text", {'<', 'h', 't', 'm', 'l', '>'}},
-      {"too wide", Png(16385, 1)},
-      {"too high", Png(1, 16385)},
-      {"each side bearable, together too much", Png(16384, 4000)},
-      {"no width", Png(0, 4)},
-      {"no height", Png(4, 0)},
-      {"sides that overflow when multiplied", Png(0x80000000U, 0x80000000U)},
-      {"a bitmap too wide", Changed(0, {{19, 0xFF}})},
-      {"a bitmap of negative width", Changed(0, {{21, 0xFF}, {20, 0xFF}, {19, 0xFF}})},
-      {"a bitmap of the least height", Changed(0, {{22, 0}, {25, 0x80}})},
-      {"a GIF on a screen too wide", Changed(2, {{7, 0xFF}})},
-      {"a JPEG that is refined too often", JpegWithScans(80)},
-      {"a chunk longer than any file", Changed(1, {{33, 0xFF}, {34, 0xFF}})},
+      {"nothing at all", {}, bad},
+      {"text", {'<', 'h', 't', 'm', 'l', '>'}, bad},
+      {"as wide as can be", Encode(Flag(16384, 2), kFormats[1].encode), 0},
+      {"wider", Encode(Flag(16385, 2), kFormats[1].encode), bad},
+      {"as high as can be", Encode(Flag(2, 16384), kFormats[1].encode), 0},
+      {"higher", Encode(Flag(2, 16385), kFormats[1].encode), bad},
+      {"a screen larger than its picture", GifOnScreen(300, 200), 0},
+      {"a screen too wide", GifOnScreen(16385, 4), bad},
+      {"each side bearable, together too much", GifOnScreen(16384, 4000), bad},
+      {"no width", GifOnScreen(0, 4), bad},
+      {"a picture larger than its screen", GifOfWidth(16385), bad},
+      {"a bitmap too wide", Changed(bitmap, {{19, 0xFF}}), bad},
+      {"a bitmap of negative width",
+       Changed(bitmap, {{18, 0xFC}, {19, 0xFF}, {20, 0xFF}, {21, 0xFF}}), bad},
+      {"a bitmap of the least height", Changed(bitmap, {{22, 0}, {25, 0x80}}), bad},
+      {"a chunk longer than any file", Changed(png, {{33, 0xFF}, {34, 0xFF}}), bad},
+      {"a JPEG that is refined a few times more", RefinedJpeg(3), 0},
+      {"a JPEG that is refined without end", RefinedJpeg(80), bad},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(Catch([&] { DecodePicture(row.bytes, "bad"); }).number, error_number::kInvalidPicture)
-        << row.why;
+    EXPECT_EQ(Catch([&] { DecodePicture(row.bytes, "picture"); }).number, row.want) << row.why;
   }
 }
 
@@ -173,6 +181,12 @@ TEST(PictureFile, KeepsWhatShowsThrough) {
   const auto png = DecodePicture(Encode(image, kFormats[1].encode), "png");
   EXPECT_EQ(png->pixels()[0], 0x7E0000FFU) << "63 of 127 cover";
   EXPECT_EQ(png->pixels()[1] >> 24U, 0U);
+
+  gdImage* keyed = Flag(2, 1);
+  gdImageColorTransparent(keyed, 0x0000FF);
+  const auto plain = DecodePicture(Encode(keyed, kFormats[1].encode), "png");
+  EXPECT_EQ(plain->pixels()[0], 0xFFFF0000U);
+  EXPECT_EQ(plain->pixels()[1] >> 24U, 0U) << "the one colour that shows through";
 }
 
 Bytes Joined(std::initializer_list<Bytes> parts) {
@@ -230,12 +244,12 @@ TEST(PictureFile, ReadsBitmapsOfManyKinds) {
 }
 
 TEST(PictureFile, IsSavedAsABitmapOverWhite) {
-  const HeadlessPicture picture(2, 1, {0xFF102030, 0x00FFFFFF & 0x00123456});
+  const HeadlessPicture picture(3, 1, {0xFF102030, 0x00123456, 0x80010101});
   const Bytes bytes = EncodeBitmap(picture);
-  ASSERT_EQ(bytes.size(), 54U + 8U);
   EXPECT_EQ(bytes[28], 24) << "bits to a pixel";
   EXPECT_EQ(bytes[30], 0) << "not compressed";
-  EXPECT_EQ(Bytes(bytes.begin() + 54, bytes.end()), (Bytes{0x30, 0x20, 0x10, 255, 255, 255, 0, 0}));
+  EXPECT_EQ(Bytes(bytes.begin() + 54, bytes.end()),
+            (Bytes{0x30, 0x20, 0x10, 255, 255, 255, 128, 128, 128, 0, 0, 0}));
 }
 
 TEST(PictureFile, ComesFromTheDiskOrFromTheProgram) {

@@ -96,17 +96,19 @@ TEST(VirtualClock, LoadsPagesFromTheEventLoop) {
   EXPECT_EQ(pane.ContentHeightPixels(), 40);
 }
 
-TEST(VirtualClock, ForgetsThePageOfAPaneThatGoes) {
+TEST(VirtualClock, ReportsOnlyThePageThatWasStartedLast) {
   Stage stage;
-  Form form(stage.host, "form");
-  bool loaded = false;
-  {
-    HtmlPane pane(stage.host, &form, "pane");
-    pane.onPageLoaded = [&] { loaded = true; };
-    pane.LoadHtml("<html></html>");
-  }
+  std::string loaded;
+  const auto load = [&](ControlId pane, const char* name) {
+    stage.platform->LoadPage(pane, "<html>", [&loaded, name] { loaded += name; });
+  };
+  load(1, "a");
+  load(2, "b");
+  load(1, "c");
+  load(3, "d");
+  stage.platform->DropPage(3);
   stage.platform->RunPosted();
-  EXPECT_FALSE(loaded);
+  EXPECT_EQ(loaded, "bc");
 }
 
 TEST(VirtualClock, EndsWhatWouldGoOnForever) {

@@ -89,7 +89,7 @@ void CandidateInput::Focus(Control& control) {
   control.RaiseFocus();
 }
 
-void CandidateInput::Key(const KeyEvent& event) {
+void CandidateInput::Key(const KeyEvent& event) const {
   Control* control = Focused();
   if (control == nullptr || !control->ShownInForm()) return;
   if (control->kind() != ControlKind::HtmlPane) {
@@ -108,11 +108,11 @@ Control* CandidateInput::Find(ControlId id) const {
 }
 
 Control* CandidateInput::ControlUnder(Point at) const {
-  const std::vector<Form*> forms = windows_.Forms();
-  for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
-    if (Control* control = ControlAt(**form, Within(**form, at))) return control;
+  Control* found = nullptr;
+  for (Form* form : windows_.Forms()) {
+    if (Control* control = ControlAt(*form, Within(*form, at))) found = control;
   }
-  return nullptr;
+  return found;
 }
 
 Point CandidateInput::InWindow(const Control& control, Point within) {
@@ -144,7 +144,7 @@ void CandidateInput::GrabBar(const Splitter& splitter) {
   }
 }
 
-void CandidateInput::DropBar(const Capture& capture) {
+void CandidateInput::DropBar(const Capture& capture) const {
   Control* control = Find(capture.control);
   if (control == nullptr) return;
   auto& splitter = static_cast<Splitter&>(*control);

@@ -26,7 +26,7 @@ class CandidateInput {
 
   void Focus(Control& control);
   [[nodiscard]] Control* Focused() const { return Find(focused_); }
-  void Key(const KeyEvent& event);
+  void Key(const KeyEvent& event) const;
 
   // Null for an id of no control in any form.
   [[nodiscard]] Control* Find(ControlId id) const;
@@ -51,7 +51,7 @@ class CandidateInput {
   Control* Hover();
   void StartCapture();
   void GrabBar(const Splitter& splitter);
-  void DropBar(const Capture& capture);
+  void DropBar(const Capture& capture) const;
   void SelectText(HtmlPane& pane);
   void Click(Control& control, const Capture& capture);
 

@@ -23,7 +23,7 @@ Bytes Part(Bytes bytes, std::size_t from, std::size_t length) {
 std::uint32_t LittleEndian(Bytes bytes, std::size_t at, std::size_t length) {
   std::uint32_t value = 0;
   const Bytes part = Part(bytes, at, length);
-  for (auto byte = part.rbegin(); byte != part.rend(); ++byte) value = (value << 8U) | *byte;
+  for (std::size_t i = length; i-- > 0;) value = (value << 8U) | part[i];
   return value;
 }
 
@@ -55,7 +55,6 @@ PictureHeader ReadPng(Bytes bytes) {
   constexpr std::uint32_t kEnd = 0x49454E44;  // IEND
   std::size_t at = 8;
   while (BigEndian(bytes, at + 4, 4) != kEnd) at += 12 + std::size_t{BigEndian(bytes, at, 4)};
-  Part(bytes, at, 12);
   return {PictureFormat::Png, BigEndian(bytes, 16, 4), BigEndian(bytes, 20, 4)};
 }
 
@@ -69,7 +68,7 @@ std::size_t BehindGifBlocks(Bytes bytes, std::size_t at) {
   return at + 1;
 }
 
-// The screen, made large enough for the first picture on it.
+// The size is that of the screen; a picture that is larger does not decode.
 PictureHeader ReadGif(Bytes bytes) {
   constexpr std::uint32_t kExtension = 0x21;
   constexpr std::uint32_t kPicture = 0x2C;
@@ -77,8 +76,7 @@ PictureHeader ReadGif(Bytes bytes) {
   while (LittleEndian(bytes, at, 1) == kExtension) at = BehindGifBlocks(bytes, at + 2);
   if (LittleEndian(bytes, at, 1) != kPicture) throw CutShort();
   BehindGifBlocks(bytes, at + 11 + GifColors(bytes, at + 9));
-  return {PictureFormat::Gif, std::max(LittleEndian(bytes, 6, 2), LittleEndian(bytes, at + 5, 2)),
-          std::max(LittleEndian(bytes, 8, 2), LittleEndian(bytes, at + 7, 2))};
+  return {PictureFormat::Gif, LittleEndian(bytes, 6, 2), LittleEndian(bytes, 8, 2)};
 }
 
 // The next marker from there on that is neither a byte of the picture nor a restart.

@@ -28,7 +28,7 @@ void VirtualClock::Advance(Milliseconds time) {
     if (atOnce > kMostAtOnce) {
       throw AutomationError(error_number::kInternal, "Events follow one another without end");
     }
-    now_ = std::max(now_, due);
+    now_ = due;
     task.mapped()();
   }
   now_ = std::max(now_, end);
