@@ -84,7 +84,16 @@ TEST(Window, ClosesByWhomItBelongsTo) {
   EXPECT_TRUE(platform->IsWindow(host));
   EXPECT_TRUE(platform->IsWindow(form));
   platform->CloseWindow(form);
-  EXPECT_TRUE(platform->IsWindow(form)) << "a form without a border cannot be closed";
+  EXPECT_TRUE(platform->IsWindow(form)) << "a form that was never shown";
+  ControlHost controls(platform->platform());
+  Form dialog(controls, "frmInstructions");
+  dialog.Show();
+  int asked = 0;
+  dialog.onClose = [&] { ++asked; };
+  controls.RunHostCall([] {});
+  platform->CloseWindow(dialog.hwnd());
+  EXPECT_EQ(asked, 1) << "the candidate asks a form to close";
+  EXPECT_TRUE(platform->IsWindow(dialog.hwnd()));
   platform->CloseWindow(host);
   EXPECT_FALSE(platform->IsWindow(host));
   EXPECT_NE(platform->CreateHostWindow("again"), host) << "handles are not used again";

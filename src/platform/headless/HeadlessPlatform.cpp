@@ -57,13 +57,8 @@ void HeadlessPlatform::CloseWindow(WindowHandle window) {
   if (found == nullptr) return;
   if (found->owner != Window::Owner::Form) {
     windows_.Close(window);
-    return;
-  }
-  for (Form* form : windows_.Forms()) {
-    if (form->hwnd() == window) {
-      form->RaiseClose();
-      return;
-    }
+  } else if (found->form != nullptr) {
+    found->form->RaiseClose();
   }
 }
 
