@@ -6,6 +6,7 @@
 #include "automation/Conversions.h"
 #include "automation/Text.h"
 #include "document/DataIO.h"
+#include "hosting/CaseStudy.h"
 #include "hosting/ScoreEngine.h"
 #include "platform/headless/Canvas.h"
 #include "platform/headless/PictureFile.h"
@@ -54,6 +55,7 @@ ReferenceHost::~ReferenceHost() {
 void ReferenceHost::RegisterClasses() {
   RegisterScoreEngine(classes_,
                       [this](const std::string& message) { parent_->Log(ScoringEntry(message)); });
+  RegisterCaseStudy(classes_, platform_->platform());
 }
 
 ObjectRef ReferenceHost::Wrap(std::string_view name, ObjectRef object) const {
