@@ -6,6 +6,7 @@
 #include "automation/AutomationError.h"
 #include "automation/Conversions.h"
 #include "controls/Label.h"
+#include "controls/PictureBox.h"
 #include "document/DataIO.h"
 #include "form/GraphicsPaths.h"
 #include "host/ItemOwner.h"
@@ -105,10 +106,11 @@ void StoreRect(const Rect& rect, std::span<Variant> values) {
 struct CaseStudy::Window {
   explicit Window(ControlHost& host)
       : form(host, "frmCaseStudy"),
-        heading(host, &form, "lblHeading"),
-        questionHeading(host, &form, "lblQuestionHeading"),
-        text(host, &form, "brwCase") {
-    form.SetBackColor(kFrameColor);
+        frame(host, &form, "pcFrame"),
+        heading(host, &frame, "lblHeading"),
+        questionHeading(host, &frame, "lblQuestionHeading"),
+        text(host, &frame, "brwCase") {
+    frame.SetBackColor(kFrameColor);
     for (Label* label : {&heading, &questionHeading}) {
       label->SetFont({"Verdana", 10, true});
       label->SetForeColor(color::kWhite);
@@ -120,12 +122,14 @@ struct CaseStudy::Window {
 
   void Move(const Rect& rect, const CasePanes& panes) {
     form.Move(rect);
+    frame.Move({0, 0, rect.width, rect.height});
     heading.Move(panes.heading);
     questionHeading.Move(panes.questionHeading);
     text.Move(panes.text);
   }
 
   Form form;
+  PictureBox frame;
   Label heading;
   Label questionHeading;
   HtmlPane text;
