@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <span>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -88,6 +89,20 @@ std::string BoundedSpan(std::string_view value) {
   return std::to_string(std::clamp(span, 1, html_limit::kSpan));
 }
 
+// The seven sizes of the font element, absolute or counted from the middle one.
+std::string FontSizeStyle(std::string_view size) {
+  static constexpr std::array<std::string_view, 7> kSizes{"10px", "13px", "16px", "18px",
+                                                          "24px", "32px", "48px"};
+  constexpr int kMiddle = 3;
+  const bool isRelative = size.starts_with('+') || size.starts_with('-');
+  if (size.starts_with('+')) size.remove_prefix(1);
+  int step = kMiddle;
+  if (std::from_chars(size.data(), size.data() + size.size(), step).ec != std::errc()) return {};
+  step = std::clamp(step, -7, 7) + (isRelative ? kMiddle : 0);
+  const auto index = static_cast<std::size_t>(std::clamp(step, 1, 7) - 1);
+  return "font-size:" + std::string(kSizes[index]) + ";";
+}
+
 // The attributes of an element that the layout engine knows, heights as a style.
 std::string BearableAttributes(const HtmlToken& tag) {
   std::string attributes;
@@ -100,6 +115,8 @@ std::string BearableAttributes(const HtmlToken& tag) {
     } else if (attribute.name == "height") {
       style = "height:" + WithBoundedNumbers(value, html_limit::kNumber) +
               (value.ends_with('%') ? ";" : "px;") + style;
+    } else if (attribute.name == "size" && tag.name == "font") {
+      style = FontSizeStyle(value) + style;
     } else if (attribute.name == "nowrap") {
       style = "white-space:nowrap;" + style;
     } else if (IsOneOf(kSpans, attribute.name)) {

@@ -17,9 +17,9 @@ inline constexpr std::size_t kBytes = 2000000;  // what comes after is not read
 inline constexpr std::size_t kDepth = 100;  // elements within each other; deeper ones are left out
 inline constexpr std::size_t kElements = 4000;
 inline constexpr std::size_t kPieces = 40000;  // words, and blanks between them
-inline constexpr std::size_t kRules = 500;      // style rules
-inline constexpr int kSpan = 50;                // columns or rows of one table cell
-inline constexpr int kNumber = 9999;            // in a style or a size
+inline constexpr std::size_t kRules = 500;     // style rules
+inline constexpr int kSpan = 50;               // columns or rows of one table cell
+inline constexpr int kNumber = 9999;           // in a style or a size
 }  // namespace html_limit
 
 std::string BearableHtml(std::string_view html);

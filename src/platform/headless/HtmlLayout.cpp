@@ -90,7 +90,7 @@ class HtmlLayout::Container final : public litehtml::document_container {
     metrics->height = LineHeightPixels(style);
     metrics->ascent = AscentPixels(style);
     metrics->descent = metrics->height - metrics->ascent;
-    metrics->x_height = size * 55 / 100;
+    metrics->x_height = static_cast<int>(style.pixels * 0.55F);
     metrics->draw_spaces = style.underline || style.struckOut;
     fonts_.push_back(style);
     return fonts_.size();
@@ -125,7 +125,7 @@ class HtmlLayout::Container final : public litehtml::document_container {
   }
 
   [[nodiscard]] int pt_to_px(int points) const override {
-    return static_cast<int>(static_cast<float>(points) * kPixelsPerPoint + 0.5F);
+    return static_cast<int>(static_cast<float>(Bounded(points)) * kPixelsPerPoint + 0.5F);
   }
   [[nodiscard]] int get_default_font_size() const override {
     return static_cast<int>(StyleOf(options_.font).pixels + 0.5F);

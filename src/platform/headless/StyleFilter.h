@@ -11,7 +11,8 @@ namespace zav {
 // and in colour codes stay.
 std::string WithBoundedNumbers(std::string_view text, int most);
 
-// The contents of a style attribute: "name: value; ...".
+// The contents of a style attribute: "name: value; ...". No element becomes part of a table by its
+// style.
 std::string BearableDeclarations(std::string_view declarations);
 
 // The contents of a style element. Rules without conditions only: no at-rules, no pseudo-classes,
