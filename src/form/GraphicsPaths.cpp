@@ -39,10 +39,11 @@ std::string RewriteImages(const std::string& page, const GraphicsPathResolver& r
   constexpr std::string_view kSource = "SRC=";
   const std::string upper = UpperCase(page);
   Rewriting rewriting(page);
-  std::size_t source = 0;
+  std::size_t source = kNone;
   for (std::size_t image = upper.find(kImage); image != kNone;
        image = upper.find(kImage, image + 3)) {
-    if (source < image) source = upper.find(kSource, image);
+    if (source != kNone && source > image) continue;  // an earlier element without one took it
+    source = upper.find(kSource, image);
     if (source == kNone) break;
     const std::size_t begin = source + kSource.size() + 1;
     if (rewriting.Reached(begin)) continue;
