@@ -12,7 +12,8 @@ enum class Carried { Nothing, FromSource, FromTarget };
 
 struct DragState {
   bool ItemPressed = false;  // pressed on a source item or an occupied target, not yet released
-  std::int32_t PressX = 0;   // where on a source cover, twips
+  const Control* PressedCover = nullptr;  // the one that was pressed last; only compared
+  std::int32_t PressX = 0;                // where on a source cover, twips
   std::int32_t PressY = 0;
   std::int32_t TargetPressX = 0;  // where on a target cover, twips
   std::int32_t TargetPressY = 0;

@@ -43,6 +43,11 @@ void CancelDrag(FormCore& form, const DragRooms& rooms) {
   rooms.refresh.RefreshWorkArea();
 }
 
+void EndLostDrag(FormCore& form, const DragRooms& rooms, const Control& cover) {
+  if (form.drag.ItemPressed && form.drag.PressedCover != &cover) CancelDrag(form, rooms);
+  form.drag.PressedCover = &cover;
+}
+
 void GlideToSource(FormCore& form, DragPicture& picture, int source) {
   const Point pane = SourcePaneOrigin(form);
   const PictureButton& home = form.controls.imgSource[source];

@@ -30,6 +30,10 @@ bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pre
 // Ends a drag as if it had never begun: the item is where it was, and nothing shows of the drag.
 void CancelDrag(FormCore& form, const DragRooms& rooms);
 
+// A press on a cover while another one is pressed: the mouse stays with the one that was pressed,
+// so its release was lost, and that drag ends.
+void EndLostDrag(FormCore& form, const DragRooms& rooms, const Control& cover);
+
 // Glides the drag picture to a source item's place, where it disappears.
 void GlideToSource(FormCore& form, DragPicture& picture, int source);
 

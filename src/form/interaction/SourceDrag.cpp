@@ -8,6 +8,7 @@ namespace zav {
 
 void SourceDrag::CoverMouseDown(int index, const MouseEvent& event) {
   form_.Trap("imgSourceCover_MouseDown", [&] {
+    EndLostDrag(form_, rooms_, form_.controls.imgSourceCover[index]);
     if (form_.drag.ItemPressed) return;
     form_.drag.PressY = RoundToInt32(event.y);
     form_.drag.PressX = RoundToInt32(event.x);

@@ -12,6 +12,7 @@ constexpr int kDeleteKey = 46;
 
 void TargetDrag::CoverMouseDown(int index, const MouseEvent& event) {
   form_.Trap("imgTargetCover_MouseDown", [&] {
+    EndLostDrag(form_, rooms_, form_.controls.imgTargetCover[index]);
     if (!form_.drag.ItemPressed && HoldsAnItem(index)) {
       form_.drag.TargetPressY = RoundToInt32(event.y);
       form_.drag.TargetPressX = RoundToInt32(event.x);
