@@ -40,15 +40,18 @@ void DragFeedback::PlaceHint(int target) {
   PictureBox& hint = form_.controls.pcdroptext;
   const ScrollFrame& frame = controls.scrWork;
   const Rect& item = controls.imgTargetCover[target].rect();
-  // The visible part of the work picture, in its pixels.
-  const Rect seen{(frame.scrollX() - controls.pcWork.left()) / form_.TwipsX(),
-                  frame.scrollY() / form_.TwipsY(), frame.width() / form_.TwipsX(),
-                  frame.height() / form_.TwipsY()};
+  // The visible part of the work picture, in its pixels; what sticks out of the picture is cut.
+  const PictureBox& work = controls.pcWork;
+  const float seenLeft = std::max(0.0F, (frame.scrollX() - work.left()) / form_.TwipsX());
+  const float seenRight =
+      std::min(work.width(), frame.width() + frame.scrollX() - work.left()) / form_.TwipsX();
+  const float seenBottom =
+      std::min(work.height(), frame.height() + frame.scrollY()) / form_.TwipsY();
   const float below = item.Bottom() + kHintGapPixels;
-  const bool fitsBelow = below + hint.height() <= seen.Bottom();
+  const bool fitsBelow = below + hint.height() <= seenBottom;
   const float top = fitsBelow ? below : item.top - kHintGapPixels - hint.height();
   const float centred = item.left + (item.width - hint.width()) / 2;
-  const float left = std::max(seen.left, std::min(centred, seen.Right() - hint.width()));
+  const float left = std::max(seenLeft, std::min(centred, seenRight - hint.width()));
   hint.MoveTo(left, top);
 }
 
