@@ -1,5 +1,6 @@
 #include "controls/HtmlPane.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zav {
@@ -17,11 +18,15 @@ void HtmlPane::LoadHtml(std::string page) {
   });
 }
 
+int HtmlPane::LayoutWidthPixels() const {
+  const float perPixel = static_cast<float>(host().twipsPerPixel().x);
+  const int width = static_cast<int>(SizeInTwips().width / perPixel);
+  return std::max(0, scrollsItself_ ? width - kScrollBarPixels : width);
+}
+
 int HtmlPane::ContentHeightPixels() const {
   if (page_.empty()) return 0;
-  const float perPixel = static_cast<float>(host().twipsPerPixel().x);
-  const int widthPixels = static_cast<int>(SizeInTwips().width / perPixel);
-  return host().services().PageContentHeight(id(), widthPixels, marginPixels_);
+  return host().services().PageContentHeight(id(), LayoutWidthPixels(), marginPixels_);
 }
 
 int HtmlPane::ScrollTopPixels() const { return host().services().PageScrollTop(id()); }

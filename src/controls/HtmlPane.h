@@ -31,6 +31,8 @@ class HtmlPane : public Control {
   [[nodiscard]] const std::string& page() const { return page_; }
   [[nodiscard]] bool IsReady() const { return pending_ == nullptr; }
 
+  // What the page has of the pane's width: a pane that scrolls itself keeps room for its bar.
+  [[nodiscard]] int LayoutWidthPixels() const;
   // Of the loaded page, laid out as wide as the pane is now. 0 without a page.
   [[nodiscard]] int ContentHeightPixels() const;
   [[nodiscard]] int ScrollTopPixels() const;

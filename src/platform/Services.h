@@ -19,6 +19,9 @@ namespace zav {
 using ControlId = std::uint32_t;    // unique among all controls, never 0
 using WindowHandle = std::int32_t;  // 0: no window
 
+// What a scroll bar takes of the width, or of the height, of what it scrolls.
+inline constexpr int kScrollBarPixels = 15;
+
 struct TwipsPerPixel {
   int x = 15;
   int y = 15;

@@ -17,7 +17,6 @@ constexpr float kBetweenItemsPixels = 12;
 constexpr float kBetweenRowsPixels = 14;
 constexpr float kBesideItemsPixels = 10;
 constexpr float kSourcePaneRoomPixels = 25;
-constexpr float kScrollBarPixels = 16;
 constexpr float kShrinkSlackPixels = 8;
 constexpr float kEndMargins = 2.5F;
 
@@ -134,7 +133,7 @@ void AreaSizing::SizeSourcesTop(bool paneFollows) {
     const Rect& pane = panes_.RectOf("SourceArea");
     ArrangementGaps gaps = Gaps();
     gaps.atEnd = kEndMargins * static_cast<float>(form_.layout.MarginX);
-    const float area = pane.width - kScrollBarPixels * form_.TwipsX();
+    const float area = pane.width - static_cast<float>(kScrollBarPixels) * form_.TwipsX();
     const GroupArrangement arrangement =
         ArrangeGroupsTop(RequestGroups(), area, static_cast<float>(form_.layout.MarginY), gaps);
     Apply(arrangement);
@@ -147,7 +146,7 @@ void AreaSizing::SizeSourcesLeft() {
   form_.Trap("SizeSourcesLeft", [&] {
     FormControls& controls = form_.controls;
     ArrangementGaps gaps = Gaps();
-    gaps.scrollBar = kScrollBarPixels * form_.TwipsX();
+    gaps.scrollBar = static_cast<float>(kScrollBarPixels) * form_.TwipsX();
     const float width = controls.scrSource.width() - form_.TwipsX();
     const GroupArrangement arrangement = ArrangeGroupsLeft(RequestGroups(), width, gaps);
     Apply(arrangement);

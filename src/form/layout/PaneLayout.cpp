@@ -66,6 +66,8 @@ void PaneLayout::SizeStem() {
   controls.scrItemStem.SetHeight(std::max(0.0F, pane - onePixel));
   controls.txtItemStem.Move({0, 0, std::max(0.0F, controls.scrItemStem.width() - onePixel),
                              controls.scrItemStem.height()});
+  // Whether it needs a scroll bar is judged without the room that one would take.
+  controls.txtItemStem.SetScrollsItself(false);
   const float content =
       static_cast<float>(controls.txtItemStem.ContentHeightPixels()) * form_.TwipsY();
   controls.txtItemStem.SetScrollsItself(content > pane);

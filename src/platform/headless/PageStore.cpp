@@ -97,9 +97,9 @@ void PageStore::Show(ControlId pane, std::string html) {
 
 HtmlLayout PageStore::LayOut(const HtmlPane& pane) const {
   const auto found = pages_.find(pane.id());
-  const auto [width, height] = SizeOf(pane);
+  const int height = SizeOf(pane).height;
   return {found == pages_.end() ? std::string() : found->second.html,
-          width,
+          pane.LayoutWidthPixels(),
           height,
           {.marginPixels = pane.marginPixels(), .font = pane.font(), .loadPicture = loadPicture_}};
 }

@@ -29,7 +29,6 @@ constexpr Argb kBarThumb = 0xFFB4BBC2U;
 constexpr float kButtonRadius = 3;
 constexpr float kDisabledOpacity = 0.45F;
 constexpr int kCaptionInset = 4;
-constexpr int kScrollBarPixels = 15;
 
 // Coordinates that can be counted with, whatever an item says.
 int WholePixel(float value) {
@@ -248,7 +247,7 @@ class FormPainter {
     canvas_.FillRect(box, kWhite);
     if (!pane.page().empty() && !box.IsEmpty()) {
       HtmlOptions options{pane.marginPixels(), pane.font(), LoaderOf(pane)};
-      HtmlLayout page(pane.page(), box.width, box.height, std::move(options));
+      HtmlLayout page(pane.page(), pane.LayoutWidthPixels(), box.height, std::move(options));
       const int offset = pane.ScrollTopPixels();
       page.Draw(canvas_, box.left, box.top - offset);
       if (pane.scrollsItself() && page.HeightPixels() > box.height) {
