@@ -39,14 +39,20 @@ class KeyedList {
   }
   T& Item(std::int32_t position) { return const_cast<T&>(std::as_const(*this).Item(position)); }
 
+  // Null for a key that no item has.
+  [[nodiscard]] const T* Find(std::string_view key) const {
+    const auto found = positions_.find(UpperCase(key));
+    return found == positions_.end() ? nullptr : &Item(found->second);
+  }
+
   // Raises 5 for a key that no item has.
   [[nodiscard]] const T& Item(std::string_view key) const {
-    const auto found = positions_.find(UpperCase(key));
-    if (found == positions_.end()) {
+    const T* found = Find(key);
+    if (found == nullptr) {
       throw AutomationError(error_number::kInvalidArgument,
                             "Invalid procedure call or argument: no item " + std::string(key));
     }
-    return Item(found->second);
+    return *found;
   }
   T& Item(std::string_view key) { return const_cast<T&>(std::as_const(*this).Item(key)); }
 

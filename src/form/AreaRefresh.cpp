@@ -15,7 +15,8 @@ void AreaRefresh::RefreshWorkArea() {
     const int count = static_cast<int>(form_.tables.TargetList.Count());
     for (int t = 1; t <= count; ++t) {
       const PictureButton& picture = controls.imgTarget[t];
-      drawing_.DrawTargetWell(controls.pcWork, picture, form_.tables.GroupOf(picture.tag()));
+      const clsGroup* group = form_.tables.FindGroup(picture.tag());
+      if (group != nullptr) drawing_.DrawTargetWell(controls.pcWork, picture, *group);
     }
   });
 }

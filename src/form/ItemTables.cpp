@@ -33,6 +33,10 @@ float ItemTables::PixelsY(const Variant& authored) const {
 
 clsGroup& ItemTables::GroupOf(std::string_view tag) { return GroupList.Item(GetGroupId(tag)); }
 
+const clsGroup* ItemTables::FindGroup(std::string_view tag) const {
+  return GroupList.Find(GetGroupId(tag));
+}
+
 const std::string& ItemTables::SourceText(int source) const {
   if (source < 1 || source > static_cast<int>(SourceTexts.size())) throw OutOfRange();
   return SourceTexts[static_cast<std::size_t>(source) - 1];

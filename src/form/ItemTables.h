@@ -57,6 +57,8 @@ struct ItemTables {
 
   // The record of the group that the tag names. Raises 5 for a group that is not there.
   clsGroup& GroupOf(std::string_view tag);
+  // The same; null for a group that is not there, as in an item whose groups were not all built.
+  [[nodiscard]] const clsGroup* FindGroup(std::string_view tag) const;
   // The formatted text of a source item. Raises 9 for an index that has none.
   const std::string& SourceText(int source) const;
 

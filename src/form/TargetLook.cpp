@@ -14,7 +14,9 @@ void TargetLook::ArrangeHolding(int target, bool holdsItem) {
   FormControls& controls = form_.controls;
   PictureButton& picture = controls.imgTarget[target];
   RichText& text = controls.txtTarget[target];
-  const Size item = form_.ItemPixels(form_.tables.GroupOf(picture.tag()));
+  const clsGroup* group = form_.tables.FindGroup(picture.tag());
+  if (group == nullptr) return;
+  const Size item = form_.ItemPixels(*group);
   const Rect whole{picture.left(), picture.top(), item.width, item.height};
   ItemParts parts{item.height, 0};
   if (holdsItem) {

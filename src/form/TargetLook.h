@@ -11,7 +11,8 @@ class TargetLook {
  public:
   explicit TargetLook(FormCore& form) : form_(form) {}
 
-  // Sizes and places the target's controls from its group's item size.
+  // Sizes and places the target's controls from its group's item size. A target whose group was not
+  // built stays without a size.
   void Arrange(int target);
   // The item on the target: its picture (or null) and its exported text (or "").
   void ShowItem(int target, PictureRef picture, const std::string& text);
