@@ -8,9 +8,9 @@ namespace zav {
 namespace {
 
 // What the author wrote as an answer value need not be a number; such a source is on no target.
-bool IsNumber(const std::string& text, std::int16_t number) {
+bool IsNumber(std::string_view text, std::int16_t number) {
   try {
-    return ToInt16(text) == number;
+    return ToInt16(std::string(text)) == number;
   } catch (const AutomationError&) {
     return false;
   }
@@ -34,6 +34,14 @@ int FindSource(const FormCore& form, std::string_view answerValue) {
 int FindSource(const FormCore& form, std::int16_t sourceId) {
   return FirstElement(form.controls.txtSource,
                       [&](const std::string& answer) { return IsNumber(answer, sourceId); });
+}
+
+int CountPlacements(const FormCore& form, std::string_view answerValue) {
+  int count = 0;
+  for (const clsTarget& target : form.tables.TargetList) {
+    count += target.SourceID != 0 && IsNumber(answerValue, target.SourceID);
+  }
+  return count;
 }
 
 int FindTarget(const FormCore& form, std::string_view response) {

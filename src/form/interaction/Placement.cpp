@@ -114,11 +114,7 @@ void Placement::UpdateAnswerButton(int target) {
 void Placement::CheckSourceUses(int source) {
   form_.Trap("CheckSourceUses", [&] {
     const std::string answer = GetAnswerId(form_.controls.imgSource[source].tag());
-    const std::int16_t sourceId = ToInt16(answer);
-    std::int16_t count = 0;
-    for (const clsTarget& target : form_.tables.TargetList) {
-      if (target.SourceID == sourceId) ++count;
-    }
+    const auto count = static_cast<std::int16_t>(CountPlacements(form_, answer));
     form_.tables.SourceUses(source, 2) = count;
     form_.drag.SourceUsedUp = count >= form_.tables.SourceUses(source, 1);
     if (!form_.drag.SourceUsedUp && rooms_.sourceLook.LooksUsedUp(source)) {
