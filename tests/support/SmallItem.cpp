@@ -98,7 +98,8 @@ void CheckSource(FormCore& core, int source, Findings& findings) {
   const std::string value = GetAnswerId(tag);
   int placed = 0;
   for (int t = 1; t <= core.controls.imgTarget.UpperBound(); ++t) {
-    placed += WithoutFirstCharacters(GetAnswerId(core.controls.imgTarget[t].tag()), 1) == value;
+    placed += HoldsItem(core, t) &&
+              WithoutFirstCharacters(GetAnswerId(core.controls.imgTarget[t].tag()), 1) == value;
   }
   const int counted = core.tables.SourceUses(source, 2);
   const int allowed = core.tables.SourceUses(source, 1);
