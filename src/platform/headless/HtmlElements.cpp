@@ -10,6 +10,7 @@
 #include <litehtml/el_tr.h>
 
 #include <algorithm>
+#include <string>
 
 namespace zav {
 namespace {
@@ -64,10 +65,20 @@ class Button : public Limited<litehtml::html_tag> {
   }
 };
 
-// No-break spaces hold the buttons beside them: a cell of nothing else is never broken.
+// A cell. No-break spaces hold the buttons beside them: a cell of nothing else is never broken.
 class Cell : public Limited<litehtml::el_td> {
  public:
   using Limited::Limited;
+
+  // The padding that the table asks for; the page's style rules come after it.
+  void parse_attributes() override {
+    Limited::parse_attributes();
+    auto table = parent();
+    while (table && std::string_view(table->get_tagName()) != "table") table = table->parent();
+    const char* padding = table ? table->get_attr("cellpadding") : nullptr;
+    if (padding == nullptr) return;
+    m_style.add_property("padding", (std::string(padding) + "px").c_str(), nullptr, false, this);
+  }
 
   void parse_styles(bool again) override {
     Limited::parse_styles(again);

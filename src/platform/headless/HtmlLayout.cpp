@@ -279,6 +279,12 @@ class HtmlLayout::Container final : public litehtml::document_container {
     const int x = Bounded(paint.position_x);
     const int y = Bounded(paint.position_y);
     const ClipScope clip(*canvas_, box);
+    if (paint.repeat == litehtml::background_repeat_no_repeat) {
+      // As large as the page wants it, which an <img> may say.
+      canvas_->DrawPicture(
+          picture, {x, y, Bounded(paint.image_size.width), Bounded(paint.image_size.height)}, 1);
+      return;
+    }
     const bool alongX = paint.repeat == litehtml::background_repeat_repeat ||
                         paint.repeat == litehtml::background_repeat_repeat_x;
     const bool alongY = paint.repeat == litehtml::background_repeat_repeat ||

@@ -34,7 +34,7 @@ li { display: list-item; }
 dl { margin: 1em 0; }
 dd { margin-left: 40px; }
 hr { border: 1px inset #c0c0c0; margin: 8px 0; }
-br { display: inline-block; }
+br, img { display: inline-block; }
 table { display: table; border-collapse: separate; border-spacing: 2px; }
 table { border-top-color: gray; border-left-color: gray; text-indent: 0; }
 tbody { display: table-row-group; vertical-align: middle; }
