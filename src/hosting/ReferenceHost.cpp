@@ -133,7 +133,7 @@ std::vector<std::string> ReferenceHost::Responses() {
   if (state.empty()) return {};
   DataIO document;
   document.LoadXml(state);
-  document.FindNode("Responses");
+  if (!document.FindNode("Responses")) return {};
   std::vector<std::string> responses;
   const std::int32_t count = document.ChildCount();
   for (std::int32_t i = 0; i < count; ++i) responses.push_back(ToText(document.GetChildText(i)));
