@@ -277,7 +277,8 @@ class PageWriter {
   // Closes the innermost open element of one of the names, unless a boundary or a cell stands
   // between.
   void CloseOpen(Names names, Names boundaries) {
-    for (std::size_t i = open_.size(); i > AfterLastCell(); --i) {
+    const std::size_t first = AfterLastCell();
+    for (std::size_t i = open_.size(); i > first; --i) {
       if (IsOneOf(boundaries, open_[i - 1])) return;
       if (!IsOneOf(names, open_[i - 1])) continue;
       CloseDownTo(i - 1);
