@@ -150,18 +150,12 @@ void Player::DoAsHost(const Step& step) {
     case Word::SaveState:
       return WriteTextFile(step.names[0], host_.State());
     case Word::LoadState:
-      return LoadState(step.names[0]);
+      return host_.SetState(ReadTextFile(step.names[0]));
     case Word::Picture:
       return WriteBinaryFile(step.names[0], host_.Picture());
     default:
       return;
   }
-}
-
-// As a host does that comes back to an item: the item shows its new state with the next display.
-void Player::LoadState(const std::string& file) {
-  host_.SetState(ReadTextFile(file));
-  Report(host_.Show());
 }
 
 }  // namespace zav

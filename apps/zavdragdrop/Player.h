@@ -32,7 +32,6 @@ class Player {
   void Do(const Step& step);
   void DoAsCandidate(const Step& step);
   void DoAsHost(const Step& step);
-  void LoadState(const std::string& file);
   void Report(bool accepted);
   void Guard(const std::function<void()>& action);
 

@@ -7,6 +7,7 @@
 #include "automation/Text.h"
 #include "document/ItemTag.h"
 #include "hosting/InputError.h"
+#include "platform/headless/HitTest.h"
 
 namespace zav {
 namespace {
@@ -103,6 +104,12 @@ float LengthAlong(const Splitter::Bar& bar, const Rect& rect) {
   return bar.upright ? rect.width : rect.height;
 }
 
+bool CanBeClosed(const Window& window) {
+  if (window.owner == Window::Owner::Program) return window.visible;
+  return window.form != nullptr && window.form->visible() &&
+         window.form->name() == "frmInstructions";
+}
+
 }  // namespace
 
 std::optional<Spot> ReadSpot(std::string_view words) {
@@ -126,7 +133,9 @@ float Candidate::TwipsPerPixel() const {
 Control& Candidate::ControlOf(const Spot& spot) {
   FormControls& controls = Controls();
   if (spot.kind == Spot::Kind::SourceArea) return controls.scrSource;
-  if (spot.kind == Spot::Kind::Nowhere) return controls.brwTitle;
+  if (spot.kind == Spot::Kind::Nowhere) {
+    return controls.brwTitle.ShownInForm() ? controls.brwTitle : controls.brwButtons;
+  }
   const auto& covers =
       spot.kind == Spot::Kind::Source ? controls.imgSourceCover : controls.imgTargetCover;
   const int index = IndexOf(covers, spot);
@@ -168,8 +177,20 @@ void Candidate::MovePointer(Point to) {
   }
 }
 
+// What glides or hovers over an item takes the press that is meant for it.
+void Candidate::RequireOnTop(const Spot& spot, Point at) {
+  if (spot.kind != Spot::Kind::Source && spot.kind != Spot::Kind::Target) return;
+  Form& form = host_.form();
+  const Control* hit = ControlAt(form, {at.x - form.left(), at.y - form.top()});
+  if (hit != &ControlOf(spot)) {
+    throw InputError(WordsOf(spot), "is covered by " + hit->name() + "; let it go away first");
+  }
+}
+
 void Candidate::Press(const Spot& spot) {
-  at_ = PlaceOf(spot);
+  const Point at = PlaceOf(spot);
+  RequireOnTop(spot, at);
+  at_ = at;
   host_.platform().Press(at_);
   host_.platform().RunPosted();
 }
@@ -260,17 +281,14 @@ void Candidate::ClickButton(std::string_view id) {
 void Candidate::CloseWindow() {
   HeadlessPlatform& platform = host_.platform();
   const std::vector<WindowHandle>& order = platform.windows().Order();
-  for (auto handle = order.rbegin(); handle != order.rend(); ++handle) {
-    const Window& window = *platform.windows().Find(*handle);
-    if (window.owner == Window::Owner::Program && window.visible) {
-      return platform.CloseWindow(*handle);
-    }
-    if (window.form != nullptr && window.form->name() == "frmInstructions" &&
-        window.form->visible()) {
-      return window.form->Hide();
-    }
+  const auto inFront = std::find_if(order.rbegin(), order.rend(), [&](WindowHandle handle) {
+    return CanBeClosed(*platform.windows().Find(handle));
+  });
+  if (inFront == order.rend()) {
+    throw InputError("close-window", "neither the calculator nor the instructions are open");
   }
-  throw InputError("close-window", "neither the calculator nor the instructions are open");
+  platform.CloseWindow(*inFront);
+  platform.RunPosted();
 }
 
 }  // namespace zav

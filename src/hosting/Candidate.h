@@ -70,6 +70,7 @@ class Candidate {
   Control& ControlOf(const Spot& spot);
   Point PlaceOf(const Spot& spot);
   Point PlaceIn(const Control& control, const std::string& name);
+  void RequireOnTop(const Spot& spot, Point at);
   [[nodiscard]] float TwipsPerPixel() const;
   void MovePointer(Point to);
   void ScrollFrameTo(Area area, Point twips);
