@@ -2,7 +2,7 @@
 // that found it; what was built before stays, and the host can go on.
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +10,7 @@
 #include "automation/Conversions.h"
 #include "automation/Text.h"
 #include "form/FormCore.h"
+#include "support/Intercepted.h"
 #include "support/SmallItem.h"
 
 namespace zav {
@@ -203,23 +204,6 @@ TEST(BadItem, SaysOnceWhatIsWrongAndKeepsWhatWasBuilt) {
   }
 }
 
-// A host object that gives one file for another.
-class Redirected : public Object {
- public:
-  Redirected(ObjectRef object, std::string name, std::string path)
-      : object_(std::move(object)), name_(std::move(name)), path_(std::move(path)) {}
-
-  Variant Invoke(std::string_view name, std::span<Variant> arguments, InvokeKind kind) override {
-    const bool meant = name == "GetGraphicsPath" && ToText(arguments[0]) == name_;
-    return meant ? Variant(path_) : object_->Invoke(name, arguments, kind);
-  }
-
- private:
-  ObjectRef object_;
-  std::string name_;
-  std::string path_;
-};
-
 TEST(BadItem, SaysWhichPictureIsNone) {
   const struct {
     const char* name;
@@ -230,11 +214,12 @@ TEST(BadItem, SaysWhichPictureIsNone) {
       {"reading-slot.png", "LoadWorkArea"},
   };
   for (const auto& row : rows) {
-    HostOptions options;
-    options.wrapHostObject = [&](std::string_view, ObjectRef object) {
-      return std::make_shared<Redirected>(object, row.name, "items/README.md");
+    const auto giveText = [&](std::string_view member,
+                              std::span<Variant> arguments) -> std::optional<Variant> {
+      if (member != "GetGraphicsPath" || ToText(arguments[0]) != row.name) return std::nullopt;
+      return std::string("items/README.md");
     };
-    ItemFixture item(SmallItem(), options);
+    ItemFixture item(SmallItem(), Intercept(giveText));
     EXPECT_EQ(Reports(item), row.reports) << row.name;
     EXPECT_TRUE(Contains(item.Log().at(0), "(481)")) << item.Log().at(0);
     GoesOn(item, row.name);
