@@ -1,5 +1,6 @@
 #include "hosting/ReferenceHost.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "automation/AutomationError.h"
@@ -22,6 +23,22 @@ std::string TextOf(const SafeArray& array) {
   std::string text = Utf16LeToUtf8(array.Bytes());
   text.erase(std::min(text.find('\0'), text.size()));
   return text;
+}
+
+// Around a window of its own, outside of its form.
+void DrawWindowFrame(Canvas& canvas, const PixelRect& form, const std::string& caption) {
+  constexpr Argb kFrame = 0xFF184E67U;
+  constexpr Argb kCaption = 0xFFFFFFFFU;
+  constexpr int kBorder = 2;
+  constexpr int kBar = 24;
+  constexpr int kInset = 4;
+  canvas.OutlineRect({form.left - kBorder, form.top - kBorder, form.width + 2 * kBorder,
+                      form.height + 2 * kBorder},
+                     kBorder, kFrame);
+  const PixelRect bar{form.left - kBorder, form.top - kBar, form.width + 2 * kBorder, kBar};
+  canvas.FillRect(bar, kFrame);
+  canvas.DrawText(caption, static_cast<float>(form.left + kInset), bar.top + kInset, TextStyle{},
+                  kCaption);
 }
 
 LogEntry ScoringEntry(const std::string& message) {
@@ -179,8 +196,10 @@ std::vector<std::uint8_t> ReferenceHost::Picture() {
   for (const Form* form : platform_->Forms()) {
     if (!form->visible() || form->width() <= 0 || form->height() <= 0) continue;
     const auto picture = DecodePicture(FormAsPng(*form), form->name());
-    canvas.DrawPicture(*picture, {pixels(form->left()), pixels(form->top()), picture->WidthPixels(),
-                                  picture->HeightPixels()});
+    const PixelRect place{pixels(form->left()), pixels(form->top()), picture->WidthPixels(),
+                          picture->HeightPixels()};
+    canvas.DrawPicture(*picture, place);
+    if (!form->caption().empty()) DrawWindowFrame(canvas, place, form->caption());
   }
   return canvas.Png();
 }
