@@ -19,7 +19,7 @@ constexpr int kScreenDpi = 96;
 using Image = std::unique_ptr<gdImage, decltype(&gdImageDestroy)>;
 
 std::string FontFile(bool bold) {
-  const std::string file =
+  std::string file =
       std::string("/usr/share/fonts/truetype/dejavu/DejaVuSans") + (bold ? "-Bold.ttf" : ".ttf");
   if (std::filesystem::exists(file)) return file;
   throw AutomationError(error_number::kFileNotFound,

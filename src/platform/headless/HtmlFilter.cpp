@@ -38,9 +38,9 @@ constexpr std::array<std::string_view, 24> kBlock{
     "form", "li",  "dt",     "dd",         "table", "section", "article", "main"};
 constexpr std::array<std::string_view, 3> kTableGroup{"thead", "tbody", "tfoot"};
 constexpr std::array<std::string_view, 2> kTableCell{"td", "th"};
-constexpr std::array<std::string_view, 17> kKept{
-    "id",  "class",      "align",       "valign", "color",  "bgcolor", "face", "size",       "type",
-    "src", "background", "cellpadding", "width",  "border", "start",   "dir",  "cellspacing"};
+constexpr std::array<std::string_view, 13> kKept{
+    "align", "valign", "color", "bgcolor", "face",        "size",       "type",
+    "width", "border", "start", "dir",     "cellpadding", "cellspacing"};
 constexpr std::array<std::string_view, 2> kSpans{"colspan", "rowspan"};
 
 bool IsTablePart(std::string_view name) {
@@ -103,32 +103,39 @@ std::string FontSizeStyle(std::string_view size) {
   return "font-size:" + std::string(kSizes[index]) + ";";
 }
 
-// The attributes of an element that the layout engine knows, heights as a style.
+// What an attribute says about the looks of its element and the layout engine takes from a style
+// only; empty for other attributes.
+std::string StyleOfAttribute(std::string_view element, const HtmlAttribute& attribute) {
+  if (attribute.name == "nowrap") return "white-space:nowrap;";
+  if (attribute.name == "size" && element == "font") return FontSizeStyle(attribute.value);
+  if (attribute.name != "height") return {};
+  std::string style = "height:" + WithBoundedNumbers(attribute.value, html_limit::kNumber);
+  return style += attribute.value.ends_with('%') ? ";" : "px;";
+}
+
+// An attribute as the layout engine may see it; empty for one that it does not know.
+std::string BearableAttribute(const HtmlAttribute& attribute) {
+  static constexpr std::array<std::string_view, 4> kTexts{"id", "class", "src", "background"};
+  const auto& [name, value] = attribute;
+  if (IsOneOf(kSpans, name)) return Attribute(name, BoundedSpan(value));
+  if (IsOneOf(kTexts, name)) return Attribute(name, value);
+  const bool isNoBorder = name == "border" && value == "0";
+  if (isNoBorder || !IsOneOf(kKept, name)) return {};
+  return Attribute(name, WithBoundedNumbers(value, html_limit::kNumber));
+}
+
+// An element's own style comes last, so that it wins.
 std::string BearableAttributes(const HtmlToken& tag) {
   std::string attributes;
+  std::string hints;
   std::string style;
   for (const HtmlAttribute& attribute : tag.attributes) {
-    const std::string_view value = attribute.value;
-    if (attribute.name == "border" && value == "0") continue;
-    if (attribute.name == "style") {
-      style += BearableDeclarations(value);
-    } else if (attribute.name == "height") {
-      style = "height:" + WithBoundedNumbers(value, html_limit::kNumber) +
-              (value.ends_with('%') ? ";" : "px;") + style;
-    } else if (attribute.name == "size" && tag.name == "font") {
-      style = FontSizeStyle(value) + style;
-    } else if (attribute.name == "nowrap") {
-      style = "white-space:nowrap;" + style;
-    } else if (IsOneOf(kSpans, attribute.name)) {
-      attributes += Attribute(attribute.name, BoundedSpan(value));
-    } else if (IsOneOf(kKept, attribute.name)) {
-      const bool isText = attribute.name == "id" || attribute.name == "class" ||
-                          attribute.name == "src" || attribute.name == "background";
-      attributes +=
-          Attribute(attribute.name,
-                    isText ? std::string(value) : WithBoundedNumbers(value, html_limit::kNumber));
-    }
+    const std::string hint = StyleOfAttribute(tag.name, attribute);
+    hints += hint;
+    if (attribute.name == "style") style += BearableDeclarations(attribute.value);
+    if (hint.empty()) attributes += BearableAttribute(attribute);
   }
+  style.insert(0, hints);
   return style.empty() ? attributes : attributes + Attribute("style", style);
 }
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdio>
 #include <map>
 #include <utility>
 #include <vector>
@@ -20,6 +22,11 @@ namespace {
 
 constexpr float kPixelsPerPoint = 96.0F / 72.0F;
 constexpr int kMostPixels = 1000000;
+
+int Rounded(float value) {
+  constexpr float kMost = kMostPixels;
+  return static_cast<int>(std::lround(std::clamp(value, -kMost, kMost)));
+}
 
 int Bounded(int value) { return std::clamp(value, -kMostPixels, kMostPixels); }
 
@@ -99,7 +106,7 @@ class HtmlLayout::Container final : public litehtml::document_container {
 
   int text_width(const char* text, litehtml::uint_ptr font) override {
     // Words are rounded each to the nearest pixel, so that a line of them is not wider in the end.
-    return static_cast<int>(std::min(ExactTextWidth(text, StyleOfHandle(font)), 1e6F) + 0.5F);
+    return Rounded(ExactTextWidth(text, StyleOfHandle(font)));
   }
 
   // Only blanks and line ends part words: a no-break space belongs to its word.
@@ -125,10 +132,10 @@ class HtmlLayout::Container final : public litehtml::document_container {
   }
 
   [[nodiscard]] int pt_to_px(int points) const override {
-    return static_cast<int>(static_cast<float>(Bounded(points)) * kPixelsPerPoint + 0.5F);
+    return Rounded(static_cast<float>(points) * kPixelsPerPoint);
   }
   [[nodiscard]] int get_default_font_size() const override {
-    return static_cast<int>(StyleOf(options_.font).pixels + 0.5F);
+    return Rounded(StyleOf(options_.font).pixels);
   }
   [[nodiscard]] const char* get_default_font_name() const override { return "sans-serif"; }
 

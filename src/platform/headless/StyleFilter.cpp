@@ -10,9 +10,11 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-bool IsWordCharacter(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-         c == '-';
+constexpr std::string_view kWordCharacters =
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-";
+
+bool IsOneOf(std::string_view characters, char c) {
+  return characters.find(c) != std::string_view::npos;
 }
 
 // How long what stands at the beginning of text is kept as it is: something in quotes or in
@@ -26,11 +28,11 @@ std::size_t VerbatimLength(std::string_view text) {
     case '\'':
       return upTo(text.front());
     default: {
-      if (text.front() != '#' && kDigits.find(text.front()) != std::string_view::npos) return 0;
-      const auto end = std::find_if_not(text.begin() + 1, text.end(), IsWordCharacter);
+      if (text.front() != '#' && IsOneOf(kDigits, text.front())) return 0;
+      const std::size_t end = std::min(text.find_first_not_of(kWordCharacters, 1), text.size());
       const bool isWord =
-          text.front() == '#' || (IsWordCharacter(text.front()) && text.front() != '-');
-      return isWord ? static_cast<std::size_t>(end - text.begin()) : 1;
+          text.front() == '#' || (IsOneOf(kWordCharacters, text.front()) && text.front() != '-');
+      return isWord ? end : 1;
     }
   }
 }
@@ -64,7 +66,7 @@ bool IsPlainSelector(std::string_view selector) {
   bool inPart = false;
   for (const char c : selector) {
     if (c == ',') parts = 0;
-    const bool isEnd = c == ',' || kPartEnds.find(c) != std::string_view::npos;
+    const bool isEnd = c == ',' || IsOneOf(kPartEnds, c);
     if (!isEnd && !inPart && ++parts > kMostParts) return false;
     inPart = !isEnd;
   }
