@@ -54,6 +54,7 @@ class ControlHost {
 
  private:
   friend class Control;
+  friend class Timer;
 
   class Entry {
    public:

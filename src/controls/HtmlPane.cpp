@@ -29,7 +29,9 @@ int HtmlPane::ContentHeightPixels() const {
   return host().services().PageContentHeight(id(), LayoutWidthPixels(), marginPixels_);
 }
 
-int HtmlPane::ScrollTopPixels() const { return host().services().PageScrollTop(id()); }
+int HtmlPane::ScrollTopPixels() const {
+  return scrollsItself_ ? host().services().PageScrollTop(id()) : 0;
+}
 
 void HtmlPane::RaisePageEvent(PageEvent& event) {
   if (Hears() && onPageEvent) host().RunEvent([&] { onPageEvent(event); });

@@ -9,8 +9,8 @@ namespace zav {
 
 class Timer {
  public:
-  Timer(ControlHost& host, ControlId id, int intervalMilliseconds)
-      : host_(host), id_(id), interval_(intervalMilliseconds) {}
+  Timer(ControlHost& host, int intervalMilliseconds)
+      : host_(host), id_(host.NextId()), interval_(intervalMilliseconds) {}
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
   ~Timer() { SetEnabled(false); }

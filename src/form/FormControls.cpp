@@ -3,8 +3,6 @@
 namespace zav {
 namespace {
 
-// Timers are no controls; their ids stand outside those of controls.
-constexpr ControlId kTimerIds = 0x80000000;
 constexpr int kGlideInterval = 25;
 constexpr int kFadeInterval = 750;
 constexpr int kFlashInterval = 25;
@@ -66,9 +64,9 @@ FormControls::FormControls(ControlHost& host, Form& theForm)
       pcDrag(host, &form, "pcDrag"),
       imgDrag(host, &pcDrag, "imgDrag"),
       txtDrag(host, &pcDrag, "txtDrag"),
-      tmTimer(host, kTimerIds + 1, kGlideInterval),
-      tmFade(host, kTimerIds + 2, kFadeInterval),
-      tmFlash(host, kTimerIds + 3, kFlashInterval) {
+      tmTimer(host, kGlideInterval),
+      tmFade(host, kFadeInterval),
+      tmFlash(host, kFlashInterval) {
   pcWork.SetScaleMode(ScaleMode::Pixels);
   pcdroptext.SetScaleMode(ScaleMode::Pixels);
   LoadElements(txtSourceHeading, kMostGroups);

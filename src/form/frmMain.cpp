@@ -49,7 +49,7 @@ struct frmMain::Rooms {
   AreaSizing sizing{core, panes, targetLook, refresh};
   Placement placement{core, {recorder, pages, targetLook, sourceLook, refresh, feedback}};
   DragRooms drags{drawing, location, picture, feedback, placement, refresh, targetLook};
-  SourceDrag sourceDrag{core, drags, sourceLook};
+  SourceDrag sourceDrag{core, drags};
   TargetDrag targetDrag{core, drags};
   KeyboardDrag keyboard{core, drags, sourceDrag, targetDrag};
   StateRestorer restorer{core, panes, placement};

@@ -3,15 +3,13 @@
 // nothing changed.
 #pragma once
 
-#include "form/SourceLook.h"
 #include "form/interaction/DragRooms.h"
 
 namespace zav {
 
 class SourceDrag {
  public:
-  SourceDrag(FormCore& form, const DragRooms& rooms, SourceLook& sourceLook)
-      : form_(form), rooms_(rooms), sourceLook_(sourceLook) {}
+  SourceDrag(FormCore& form, const DragRooms& rooms) : form_(form), rooms_(rooms) {}
 
   // Handlers of imgSourceCover; index is that of the source item. They report under the names of
   // the events: "imgSourceCover_MouseDown" and so on.
@@ -39,7 +37,6 @@ class SourceDrag {
 
   FormCore& form_;
   DragRooms rooms_;
-  SourceLook& sourceLook_;
 };
 
 }  // namespace zav

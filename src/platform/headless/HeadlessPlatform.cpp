@@ -72,7 +72,8 @@ TwipsPerPixel HeadlessPlatform::ScreenTwipsPerPixel() const {
 
 PictureRef HeadlessPlatform::LoadPicture(const std::string& path) {
   if (path.empty()) return {};
-  return DecodePicture(local_files::Read(path), path);
+  // Pages write the names of the support pictures in a case of their own.
+  return DecodePicture(local_files::Read(local_files::FindIgnoringCase(path)), path);
 }
 
 PictureRef HeadlessPlatform::ResourcePicture(std::string_view tag) {

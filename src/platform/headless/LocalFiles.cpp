@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "automation/AutomationError.h"
+#include "automation/Text.h"
 
 namespace zav::local_files {
 namespace {
@@ -47,6 +48,18 @@ std::uintmax_t SizeToRead(const std::string& path) {
 bool Exists(const std::string& path) {
   std::error_code error;
   return fs::is_regular_file(path, error);
+}
+
+std::string FindIgnoringCase(const std::string& path) {
+  if (Exists(path)) return path;
+  const fs::path wanted(path);
+  std::error_code error;
+  for (const fs::directory_entry& entry : fs::directory_iterator(wanted.parent_path(), error)) {
+    if (EqualIgnoringCase(entry.path().filename().string(), wanted.filename().string())) {
+      return entry.path().string();
+    }
+  }
+  return path;
 }
 
 std::vector<std::uint8_t> Read(const std::string& path) {

@@ -10,6 +10,10 @@ namespace zav::local_files {
 // Folders do not count.
 bool Exists(const std::string& path);
 
+// The file at that path; where there is none, one in the same folder whose name differs in case
+// only; where there is none either, the path as it is.
+std::string FindIgnoringCase(const std::string& path);
+
 // Raises 53 for a file that is missing, 75 for one that cannot be read and for what is no file, 7
 // for one of more than 256 MiB.
 std::vector<std::uint8_t> Read(const std::string& path);
