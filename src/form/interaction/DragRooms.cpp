@@ -29,6 +29,22 @@ bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pre
          threshold < std::abs(event.x - static_cast<float>(pressX));
 }
 
+void FollowTarget(FormCore& form, const DragRooms& rooms, const std::function<void(int)>& entered,
+                  const std::function<void()>& left) {
+  DragState& drag = form.drag;
+  if (drag.CurrentTarget < 1) {
+    if (drag.HighlightedTarget > 0) {
+      rooms.feedback.RemoveHighlight();
+      rooms.feedback.HideHint();
+    }
+    left();
+  } else if (drag.CurrentTarget != drag.HighlightedTarget) {
+    entered(drag.CurrentTarget);
+    rooms.feedback.RemoveHighlight();
+  }
+  drag.HighlightedTarget = drag.CurrentTarget;
+}
+
 void CancelDrag(FormCore& form, const DragRooms& rooms) {
   rooms.picture.FinishGlide();
   rooms.picture.Hide();

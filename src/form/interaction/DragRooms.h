@@ -1,6 +1,8 @@
 // What both kinds of drag, from a source item and from a target, share.
 #pragma once
 
+#include <functional>
+
 #include "form/AreaRefresh.h"
 #include "form/ItemLookup.h"
 #include "form/TargetLook.h"
@@ -26,6 +28,13 @@ struct DragRooms {
 // size of a pixel serves for both axes.
 bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pressX,
                  std::int32_t pressY);
+
+// Follows the target in CurrentTarget while an item is dragged: the frame goes from the target that
+// the item left to the one it came over. entered is called when it came over another target, left
+// whenever it is over none.
+void FollowTarget(FormCore& form, const DragRooms& rooms,
+                  const std::function<void(int target)>& entered,
+                  const std::function<void()>& left);
 
 // Ends a drag as if it had never begun: the item is where it was, and nothing shows of the drag.
 void CancelDrag(FormCore& form, const DragRooms& rooms);

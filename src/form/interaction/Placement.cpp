@@ -133,8 +133,10 @@ void Placement::ForgetPlacements() {
   for (int target = 1; target <= count; ++target) {
     if (!HoldsItem(form_, target)) continue;
     const int source = FindSource(form_, form_.tables.TargetList.Item(target).SourceID);
-    form_.Trap("ClearTarget", [&] { EmptyTarget(target); });
-    if (source > 0) CheckSourceUses(source);
+    RunBoth([&] { form_.Trap("ClearTarget", [&] { EmptyTarget(target); }); },
+            [&] {
+              if (source > 0) CheckSourceUses(source);
+            });
   }
   form_.drag.SourceUsedUp = false;
 }

@@ -39,13 +39,17 @@ void SourceDrag::CoverMouseMove(int index, const MouseEvent& event) {
 void SourceDrag::CoverMouseUp(int index, const MouseEvent& event) {
   form_.Trap("imgSourceCover_MouseUp", [&] {
     if (!form_.drag.ItemPressed) return;
-    if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) {
-      SourceMouseUp(index, event.x, event.y);
-    }
-    form_.controls.imgSourceCover[index].BringToFront();
-    form_.drag.PressX = 0;
-    form_.drag.PressY = 0;
-    form_.drag.ItemPressed = false;
+    const auto drop = [&] {
+      if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) {
+        SourceMouseUp(index, event.x, event.y);
+      }
+    };
+    RunBoth(drop, [&] {
+      form_.controls.imgSourceCover[index].BringToFront();
+      form_.drag.PressX = 0;
+      form_.drag.PressY = 0;
+      form_.drag.ItemPressed = false;
+    });
   });
 }
 
@@ -91,14 +95,8 @@ void SourceDrag::SourceMouseMove(int index, float x, float y) {
 }
 
 void SourceDrag::TrackTarget(int index) {
-  DragState& drag = form_.drag;
-  if (drag.CurrentTarget < 1) {
-    LeaveTargets(index);
-  } else if (drag.CurrentTarget != drag.HighlightedTarget) {
-    EnterTarget(index, drag.CurrentTarget);
-    rooms_.feedback.RemoveHighlight();
-  }
-  drag.HighlightedTarget = drag.CurrentTarget;
+  FollowTarget(
+      form_, rooms_, [&](int target) { EnterTarget(index, target); }, [&] { LeaveTargets(index); });
 }
 
 void SourceDrag::EnterTarget(int index, int target) {
@@ -115,17 +113,18 @@ void SourceDrag::EnterTarget(int index, int target) {
 }
 
 void SourceDrag::LeaveTargets(int index) {
-  if (form_.drag.HighlightedTarget > 0) {
-    rooms_.feedback.RemoveHighlight();
-    rooms_.feedback.HideHint();
-  }
   SetItemPointer(index, Pointer::Default);
   SetCoverPointer(index, form_.controls.picGrab);
 }
 
 void SourceDrag::SourceMouseUp(int index, float /*x*/, float /*y*/) {
-  form_.Trap("SourceMouseUp", [&] { Drop(index); });
+  const auto drop = [&] { form_.Trap("SourceMouseUp", [&] { Drop(index); }); };
+  RunBoth(drop, [&] { ShowDragEnded(index); });
+}
+
+void SourceDrag::ShowDragEnded(int index) {
   form_.drag.HighlightedTarget = 0;
+  if (!rooms_.picture.Gliding()) rooms_.picture.Hide();
   form_.Trap("SourceMouseUp", [&] {
     form_.controls.imgSourceCover[index].SetPointer(Pointer::Default);
     SetItemPointer(index, Pointer::Default);
@@ -156,10 +155,11 @@ void SourceDrag::Drop(int index) {
 }
 
 void SourceDrag::Place(int index) {
-  rooms_.placement.TargetDragDrop(form_.drag.CurrentTarget, form_.controls.pcDrag);
-  rooms_.placement.RecountUses(index);
+  const auto place = [&] {
+    rooms_.placement.TargetDragDrop(form_.drag.CurrentTarget, form_.controls.pcDrag);
+  };
+  RunBoth(place, [&] { rooms_.placement.RecountUses(index); });
   form_.controls.imgSourceCover[index].BringToFront();
-  rooms_.picture.Hide();
 }
 
 bool SourceDrag::Accepts(int target, int index) const {

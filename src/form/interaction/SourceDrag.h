@@ -29,6 +29,7 @@ class SourceDrag {
   void LeaveTargets(int index);
   void Drop(int index);
   void Place(int index);
+  void ShowDragEnded(int index);
   [[nodiscard]] bool Accepts(int target, int index) const;
   [[nodiscard]] bool Holds(int target, int index) const;
   void DrawFrame(int index, int penWidth, std::int32_t color);

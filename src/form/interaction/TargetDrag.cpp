@@ -47,13 +47,17 @@ void TargetDrag::CoverMouseMove(int index, const MouseEvent& event) {
 void TargetDrag::CoverMouseUp(int index, const MouseEvent& event) {
   form_.Trap("imgTargetCover_MouseUp", [&] {
     if (!form_.drag.ItemPressed) return;
-    if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) {
-      TargetMouseUp(index, event.x, event.y);
-    }
-    form_.drag.ItemPressed = false;
-    SetHandPointer(index);
-    rooms_.targetLook.Restack(index);
-    rooms_.refresh.RefreshWorkArea();
+    const auto drop = [&] {
+      if (rooms_.picture.Visible() && !rooms_.picture.Gliding()) {
+        TargetMouseUp(index, event.x, event.y);
+      }
+    };
+    RunBoth(drop, [&] {
+      form_.drag.ItemPressed = false;
+      SetHandPointer(index);
+      rooms_.targetLook.Restack(index);
+      rooms_.refresh.RefreshWorkArea();
+    });
   });
 }
 
@@ -79,11 +83,10 @@ void TargetDrag::CoverKeyDown(int index, const KeyEvent& event) {
 
 void TargetDrag::RemoveItem(int index) {
   const int source = SourceOf(index);
-  rooms_.placement.ClearTarget(index);
-  if (source > 0) {
-    --form_.tables.SourceUses(source, 2);
-    rooms_.placement.RecountUses(source);
-  }
+  RunBoth([&] { rooms_.placement.ClearTarget(index); },
+          [&] {
+            if (source > 0) rooms_.placement.RecountUses(source);
+          });
   rooms_.targetLook.SetPointer(index, Pointer::Default);
   form_.controls.imgTargetCover[index].SetPointer(Pointer::Default);
   rooms_.drawing.EraseTargetHighlight(index);
@@ -119,14 +122,8 @@ void TargetDrag::TargetMouseMove(int index, float x, float y) {
 }
 
 void TargetDrag::TrackTarget(int index) {
-  DragState& drag = form_.drag;
-  if (drag.CurrentTarget < 1) {
-    LeaveTargets(index);
-  } else if (drag.CurrentTarget != drag.HighlightedTarget) {
-    EnterTarget(index, drag.CurrentTarget);
-    rooms_.feedback.RemoveHighlight();
-  }
-  drag.HighlightedTarget = drag.CurrentTarget;
+  FollowTarget(
+      form_, rooms_, [&](int target) { EnterTarget(index, target); }, [&] { LeaveTargets(index); });
 }
 
 void TargetDrag::EnterTarget(int index, int target) {
@@ -144,10 +141,6 @@ void TargetDrag::EnterTarget(int index, int target) {
 }
 
 void TargetDrag::LeaveTargets(int index) {
-  if (form_.drag.HighlightedTarget > 0) {
-    rooms_.feedback.RemoveHighlight();
-    rooms_.feedback.HideHint();
-  }
   rooms_.targetLook.SetPointer(index, Pointer::Default);
   form_.controls.imgTargetCover[index].SetPointer(Pointer::Custom,
                                                   form_.controls.picGrab.picture());
@@ -158,8 +151,13 @@ void TargetDrag::TargetMouseUp(int index, float /*x*/, float /*y*/) {
 }
 
 void TargetDrag::FinishDrag(int index) {
-  form_.Trap("TargetMouseUp", [&] { Drop(index); });
+  const auto drop = [&] { form_.Trap("TargetMouseUp", [&] { Drop(index); }); };
+  RunBoth(drop, [&] { ShowDragEnded(index); });
+}
+
+void TargetDrag::ShowDragEnded(int index) {
   form_.drag.HighlightedTarget = 0;
+  if (!rooms_.picture.Gliding()) rooms_.picture.Hide();
   form_.Trap("TargetMouseUp", [&] {
     rooms_.targetLook.SetPointer(index, Pointer::Default);
     rooms_.drawing.EraseTargetHighlight(index);
@@ -172,7 +170,6 @@ void TargetDrag::Drop(int index) {
   const int target = form_.drag.CurrentTarget;
   if (target == index) {
     rooms_.feedback.RemoveHighlight();
-    rooms_.picture.Hide();
   } else if (target < 1) {
     ReturnToSource(index);
   } else if (Accepts(target, index) &&
@@ -186,19 +183,19 @@ void TargetDrag::Drop(int index) {
 // The item is on its new target before it leaves the old one, so that it is never on neither.
 void TargetDrag::MoveItem(int index, int target) {
   const int source = SourceOf(index);
-  rooms_.placement.TargetDragDrop(target, form_.controls.pcDrag);
-  if (HoldsItem(form_, target) && SourceOf(target) == source) {
-    rooms_.placement.ClearTarget(index);
-    rooms_.placement.RecountUses(source);
-  }
-  rooms_.picture.Hide();
+  const auto place = [&] { rooms_.placement.TargetDragDrop(target, form_.controls.pcDrag); };
+  const auto leave = [&] {
+    if (HoldsItem(form_, target) && SourceOf(target) == source) {
+      rooms_.placement.ClearTarget(index);
+    }
+  };
+  RunBoth([&] { RunBoth(place, leave); }, [&] { rooms_.placement.RecountUses(source); });
 }
 
 void TargetDrag::ReturnToSource(int index) {
   const int source = SourceOf(index);
-  rooms_.placement.ClearTarget(index);
-  --form_.tables.SourceUses(source, 2);
-  rooms_.placement.RecountUses(source);
+  RunBoth([&] { rooms_.placement.ClearTarget(index); },
+          [&] { rooms_.placement.RecountUses(source); });
   GlideToSource(form_, rooms_.picture, source);
 }
 

@@ -35,6 +35,7 @@ class TargetDrag {
   void EnterTarget(int index, int target);
   void LeaveTargets(int index);
   void Drop(int index);
+  void ShowDragEnded(int index);
   void MoveItem(int index, int target);
   void ReturnToSource(int index);
   void GlideHome(int index);
