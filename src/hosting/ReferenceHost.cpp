@@ -85,7 +85,7 @@ std::int32_t ReferenceHost::Twips(int pixels) const {
 
 template <typename Call>
 auto ReferenceHost::AndLoadPages(Call call) {
-  const auto result = call();
+  auto result = call();
   platform_->RunPosted();
   return result;
 }
@@ -153,6 +153,7 @@ std::vector<std::string> ReferenceHost::Responses() {
   if (!document.FindNode("Responses")) return {};
   std::vector<std::string> responses;
   const std::int32_t count = document.ChildCount();
+  responses.reserve(static_cast<std::size_t>(count));
   for (std::int32_t i = 0; i < count; ++i) responses.push_back(ToText(document.GetChildText(i)));
   return responses;
 }
