@@ -99,6 +99,8 @@ TEST(HtmlLayout, FindsTheElementUnderAPoint) {
       {"the text within it has no id of its own", 54, 20, "btnReset"},
       {"at its other end", 100, 20, "btnReset"},
       {"above it, in the cell", 54, 4, "all"},
+      {"22 pixels high, its border among them: from 9 to 31", 54, 10, "btnReset"},
+      {"so here is the cell again", 54, 33, "all"},
       {"in the second button", 160, 20, "btnMore"},
       {"beside the buttons", 300, 20, "all"},
       {"below the page", 54, 400, ""},
