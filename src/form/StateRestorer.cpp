@@ -73,9 +73,8 @@ void StateRestorer::SetAnswer(const std::string& response) {
       throw AutomationError(error_number::kIndexOutOfRange,
                             "No target and source item for the response " + response);
     }
-    ++form_.tables.SourceUses(source, 2);
-    placement_.TargetDragDrop(target, form_.controls.txtSource[source]);
-    placement_.RecountUses(source);
+    RunBoth([&] { placement_.TargetDragDrop(target, form_.controls.txtSource[source]); },
+            [&] { placement_.RecountUses(source); });
   });
 }
 

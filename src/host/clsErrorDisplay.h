@@ -61,4 +61,16 @@ void Trap(clsErrorDisplay& reporter, std::string_view routine, Procedure&& proce
   }
 }
 
+// Runs both. The second runs also when reporting failed in the first; that failure then passes on.
+template <typename First, typename Second>
+void RunBoth(First&& first, Second&& second) {
+  try {
+    first();
+  } catch (const ReportingFailure&) {
+    second();
+    throw;
+  }
+  second();
+}
+
 }  // namespace zav

@@ -78,11 +78,14 @@ void Placement::ClearTarget(int target) {
 void Placement::EmptyTarget(int target) {
   const std::string& tag = form_.controls.imgTarget[target].tag();
   const std::string ownAnswer(FirstCharacters(GetAnswerId(tag), 1));
+  const std::int16_t heldId = form_.tables.TargetList.Item(target).SourceID;
   rooms_.targetLook.SetTag(target, SetAnswerId(tag, ownAnswer));
   form_.tables.TargetList.Item(target).SourceID = 0;
   UpdateAnswerButton(target);
   // A picture that cannot be had leaves the target without one, but empty.
   rooms_.targetLook.ShowEmpty(target, {});
+  const int held = heldId == 0 ? 0 : FindSource(form_, heldId);
+  if (held > 0) RecountUses(held);
   rooms_.targetLook.ShowEmpty(target, LoadEmptyPicture(target));
 }
 
@@ -132,13 +135,8 @@ void Placement::ForgetPlacements() {
   const int count = static_cast<int>(form_.tables.TargetList.Count());
   for (int target = 1; target <= count; ++target) {
     if (!HoldsItem(form_, target)) continue;
-    const int source = FindSource(form_, form_.tables.TargetList.Item(target).SourceID);
-    RunBoth([&] { form_.Trap("ClearTarget", [&] { EmptyTarget(target); }); },
-            [&] {
-              if (source > 0) CheckSourceUses(source);
-            });
+    form_.Trap("ClearTarget", [&] { EmptyTarget(target); });
   }
-  form_.drag.SourceUsedUp = false;
 }
 
 }  // namespace zav

@@ -32,8 +32,8 @@ class Placement {
   // that was on the target is released. Reports under "TargetDragDrop".
   void TargetDragDrop(int target, const Control& dragged);
 
-  // Empties the target and takes its response out of the state section. Reports under
-  // "ClearTarget".
+  // Empties the target, takes its response out of the state section, and counts the uses of the
+  // item that was on it again. Reports under "ClearTarget".
   void ClearTarget(int target);
 
   // Counts again on how many targets the source item is. One that can be used again gets its normal

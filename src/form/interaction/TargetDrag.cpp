@@ -82,11 +82,7 @@ void TargetDrag::CoverKeyDown(int index, const KeyEvent& event) {
 }
 
 void TargetDrag::RemoveItem(int index) {
-  const int source = SourceOf(index);
-  RunBoth([&] { rooms_.placement.ClearTarget(index); },
-          [&] {
-            if (source > 0) rooms_.placement.RecountUses(source);
-          });
+  rooms_.placement.ClearTarget(index);
   rooms_.targetLook.SetPointer(index, Pointer::Default);
   form_.controls.imgTargetCover[index].SetPointer(Pointer::Default);
   rooms_.drawing.EraseTargetHighlight(index);
@@ -189,13 +185,12 @@ void TargetDrag::MoveItem(int index, int target) {
       rooms_.placement.ClearTarget(index);
     }
   };
-  RunBoth([&] { RunBoth(place, leave); }, [&] { rooms_.placement.RecountUses(source); });
+  RunBoth(place, leave);
 }
 
 void TargetDrag::ReturnToSource(int index) {
   const int source = SourceOf(index);
-  RunBoth([&] { rooms_.placement.ClearTarget(index); },
-          [&] { rooms_.placement.RecountUses(source); });
+  rooms_.placement.ClearTarget(index);
   GlideToSource(form_, rooms_.picture, source);
 }
 
@@ -213,7 +208,7 @@ bool TargetDrag::Accepts(int target, int index) const {
          GetGroupId(form_.controls.imgTarget[index].tag());
 }
 
-// The item on the target, as the first of its group's sources that has its answer value.
+// The item on the target: the first source item that has its answer value.
 int TargetDrag::SourceOf(int index) const {
   return FindSource(form_, form_.tables.TargetList.Item(index).SourceID);
 }
