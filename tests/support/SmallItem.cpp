@@ -168,24 +168,24 @@ HostOptions OnScreen(int widthPixels, int heightPixels) {
   return options;
 }
 
-std::string Faults(ItemFixture& item, bool log) {
-  FormCore& core = item.form();
+std::string Faults(ReferenceHost& host, bool log) {
+  FormCore& core = host.form().core();
   Findings findings;
   for (int t = 1; t <= core.controls.imgTarget.UpperBound(); ++t) CheckTarget(core, t, findings);
   for (int s = 1; s <= core.controls.imgSource.UpperBound(); ++s) CheckSource(core, s, findings);
-  std::vector<std::string> recorded = item.host.Responses();
+  std::vector<std::string> recorded = host.Responses();
   std::vector<std::string> shown = ShownResponses(core);
   std::sort(recorded.begin(), recorded.end());
   std::sort(shown.begin(), shown.end());
   findings.Unless(recorded == shown, "recorded: " + Joined(recorded) + "; shown: " + Joined(shown));
-  if (!item.host.platform().IsPressed()) CheckAtRest(core, findings);
-  if (log) findings.Unless(item.Log().empty(), "reported: " + Reports(item));
+  if (!host.platform().IsPressed()) CheckAtRest(core, findings);
+  if (log) findings.Unless(host.parent().log().empty(), "reported: " + Reports(host));
   return findings.text();
 }
 
-std::string Reports(ItemFixture& item) {
+std::string Reports(ReferenceHost& host) {
   std::string routines;
-  const std::vector<LogEntry>& log = item.host.parent().log();
+  const std::vector<LogEntry>& log = host.parent().log();
   for (std::size_t i = 0; i < log.size();) {
     const std::string& routine = log[i].routine;
     std::size_t times = 0;

@@ -27,11 +27,13 @@ HostOptions OnScreen(int widthPixels, int heightPixels);
 // group or whose tags, record and response disagree, a response that no target shows, a use count
 // that is not how often the item is placed, a look that does not fit the count, and, while no
 // button is pressed, a drag that goes on. With `log`, anything reported is wrong too.
-std::string Faults(ItemFixture& item, bool log = true);
+std::string Faults(ReferenceHost& host, bool log = true);
+inline std::string Faults(ItemFixture& item, bool log = true) { return Faults(item.host, log); }
 
 // The routines that reported so far, in order; one that did so several times in a row says how
 // often: "LoadWorkArea, RefreshWorkArea x2".
-std::string Reports(ItemFixture& item);
+std::string Reports(ReferenceHost& host);
+inline std::string Reports(ItemFixture& item) { return Reports(item.host); }
 
 // The tag of a target by its letter.
 std::string TagOf(ItemFixture& item, char letter);
