@@ -33,7 +33,8 @@ std::optional<KeyEvent> ReadKey(std::string_view name) {
     if (key.name == name) event.keyCode = key.keyCode;
   }
   const std::string upper = UpperCase(name);
-  if (upper.size() == 1 && IsLetterOrDigit(upper[0])) event.keyCode = static_cast<unsigned char>(upper[0]);
+  if (upper.size() == 1 && IsLetterOrDigit(upper[0]))
+    event.keyCode = static_cast<unsigned char>(upper[0]);
   if (event.keyCode == 0) return std::nullopt;
   return event;
 }

@@ -14,7 +14,7 @@
 namespace zav {
 namespace {
 
-constexpr int kMostPixels = 16384;
+constexpr int kMostPixels = 8192;
 constexpr int kMostMilliseconds = 3'600'000;
 
 // Words in small letters stand for themselves, the others for what the table of blanks below says.
@@ -144,7 +144,7 @@ struct Blank {
   bool (*take)(Words&, Step&);  // leaves the words as they are when it fails
 };
 
-constexpr std::string_view kPixels = "a number of pixels, 1 to 16384";
+constexpr std::string_view kPixels = "a number of pixels, 1 to 8192";
 constexpr std::string_view kDistance = "a number of pixels";
 
 constexpr std::array kBlanks = {

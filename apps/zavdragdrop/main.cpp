@@ -13,7 +13,7 @@ namespace {
 constexpr int kPlayed = 0;
 constexpr int kErrorsLogged = 1;
 constexpr int kBadInput = 2;
-constexpr int kMostPixels = 16384;
+constexpr int kMostPixels = 8192;
 
 // What the options say beside the fields of PlayOptions.
 struct PlayFlags {

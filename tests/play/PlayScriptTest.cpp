@@ -28,7 +28,7 @@ TEST(PlayScript, SaysWhereALineGoesWrongAndWhatWasExpectedThere) {
       {"a wrong small word", "show\n\ndrag source 3 onto target 1",
        "play.txt, line 3: expected \"to\" instead of \"onto\" in \"drag source 3 onto target 1\""},
       {"the line ends too early", "resize 800",
-       "play.txt, line 1: expected a number of pixels, 1 to 16384 instead of the end in "
+       "play.txt, line 1: expected a number of pixels, 1 to 8192 instead of the end in "
        "\"resize 800\""},
       {"not a number", "wait long",
        "play.txt, line 1: expected a number of milliseconds, 0 to 3600000 instead of \"long\" in "
@@ -40,7 +40,7 @@ TEST(PlayScript, SaysWhereALineGoesWrongAndWhatWasExpectedThere) {
        "play.txt, line 1: expected a number of milliseconds, 0 to 3600000 instead of "
        "\"99999999999\" in \"wait 99999999999\""},
       {"an empty form cannot be shown", "resize 0 600",
-       "play.txt, line 1: expected a number of pixels, 1 to 16384 instead of \"0\" in "
+       "play.txt, line 1: expected a number of pixels, 1 to 8192 instead of \"0\" in "
        "\"resize 0 600\""},
       {"a place is dragged, not an item", "drag nowhere to target 1",
        "play.txt, line 1: expected \"source ID\" or \"target ID\" instead of \"nowhere\" in "
