@@ -1,12 +1,10 @@
-// Who the component calls, with what, and in which order; and what it does when such a call fails.
+// Who the component calls, with what, and in which order.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "host/clsErrorDisplay.h"
-#include "support/FaultyObject.h"
 #include "support/ItemFixture.h"
 
 namespace zav {
@@ -74,45 +72,6 @@ TEST(HostCalls, AnswersGoToQuestionsAndNotToNotices) {
   EXPECT_EQ(item.Responses(), "A4") << "the question was answered Cancel";
   item.candidate.ClickButton("btnReset");
   EXPECT_EQ(item.Responses(), "") << "without further orders the answer is OK";
-}
-
-// The life of an item, whatever fails on the way.
-void Live(ReferenceHost& host) {
-  if (!host.Init() || !host.Show()) return;
-  Candidate candidate(host);
-  candidate.Drag({Spot::Kind::Pixel, {}, {80, 180}}, {Spot::Kind::Pixel, {}, {300, 210}});
-  candidate.ClickButton("btnReset");
-  host.Status();
-  host.Score();
-}
-
-TEST(HostCalls, MayFailAtAnyTime) {
-  int failing = 1;
-  for (bool reached = true; reached; ++failing) {
-    const auto fault = std::make_shared<CallFault>(CallFault{failing, 0});
-    HostOptions options;
-    options.wrapHostObject = [&](std::string_view, ObjectRef object) -> ObjectRef {
-      return std::make_shared<FaultyObject>(std::move(object), fault);
-    };
-    ReferenceHost host(ItemFolder("items/heart"), options);
-    try {
-      Live(host);
-    } catch (const AutomationError& error) {
-      ADD_FAILURE() << "call " << failing << ": " << error.Description();
-    }
-    reached = fault->callCount >= failing;
-    const std::vector<LogEntry>& log = host.parent().log();
-    if (reached) {
-      ASSERT_FALSE(log.empty()) << "call " << failing;
-      EXPECT_TRUE(log[0].description == "The host cannot do this" ||
-                  log[0].description == "Message Function not available")
-          << log[0].description;
-    } else {
-      EXPECT_TRUE(log.empty());
-    }
-    EXPECT_TRUE(host.Free()) << "call " << failing;
-  }
-  EXPECT_GE(failing, 6);
 }
 
 }  // namespace
