@@ -159,11 +159,17 @@ void frmMain::WireDrags() {
     cover.onKeyDown = [&keyboard, index](const KeyEvent& e) { keyboard.TargetKey(index, e); };
     cover.onFocus = [&drag, index] { drag.CoverFocus(index); };
   };
-  PictureButton& dragged = core().controls.imgDrag;
-  dragged.onClick = [this] { rooms_->picture.Hide(); };
-  dragged.onMouseMove = [this](const MouseEvent&) {
-    if (!rooms_->picture.Gliding()) CancelDrag(core(), rooms_->drags);
-  };
+  // The pointer reaches the drag picture only when a release was lost: it stands on the picture, on
+  // the text of an item without one, or beside both.
+  FormControls& controls = core().controls;
+  for (Control* part :
+       {static_cast<Control*>(&controls.imgDrag), static_cast<Control*>(&controls.txtDrag),
+        static_cast<Control*>(&controls.pcDrag)}) {
+    part->onClick = [this] { rooms_->picture.Hide(); };
+    part->onMouseMove = [this](const MouseEvent&) {
+      if (!rooms_->picture.Gliding()) CancelDrag(core(), rooms_->drags);
+    };
+  }
 }
 
 void frmMain::WireScrolling() {
