@@ -198,6 +198,8 @@ void frmMain::WirePages() {
   controls.brwButtons.onPageEvent = [this](PageEvent& event) {
     SuppressPageEvent(event);
     if (event.type != "click") return;
+    // A carried item may be used or taken away by a command.
+    if (rooms_->keyboard.Carrying()) CancelDrag(core(), rooms_->drags);
     if (event.sourceId == "btnReset" && !core().options.ReadOnly) rooms_->commands.cmdReset_Click();
     if (event.sourceId == "btnCalculator") rooms_->commands.cmdCalculator_Click();
     if (event.sourceId == "btnInstructions") rooms_->commands.cmdInstructions_Click();
