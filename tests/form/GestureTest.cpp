@@ -409,6 +409,37 @@ TEST(Interruption, LosesAndDoublesNothing) {
   }
 }
 
+// What is carried without a button goes back when something else changes the placements.
+TEST(Interruption, OfCarryingGivesTheItemBack) {
+  const struct {
+    const char* why;
+    void (*act)(ItemFixture&);
+    std::string want;
+  } rows[] = {
+      {"Reset", [](ItemFixture& item) { item.candidate.ClickButton("btnReset"); }, ""},
+      {"Set Answers", [](ItemFixture& item) { item.candidate.ClickButton("btnSetAnswers"); },
+       "A1 B2 D12"},
+      {"another state",
+       [](ItemFixture& item) {
+         item.host.SetState("<State><Responses><Response>B1</Response></Responses></State>");
+         item.host.Show();
+       },
+       "B1"},
+      {"a drag", [](ItemFixture& item) { Place(item, "source 2", "target B"); }, "A3 B2"},
+  };
+  for (const char* carried : {"target A", "source 1"}) {
+    for (const auto& row : rows) {
+      ItemFixture item(SmallItem(), WithOptions(0x10));
+      Place(item, "source 3", "target A");
+      item.Click(carried);
+      row.act(item);
+      item.Click("target C");
+      EXPECT_EQ(item.Responses(), row.want) << carried << ": " << row.why;
+      EXPECT_EQ(Faults(item), "") << carried << ": " << row.why;
+    }
+  }
+}
+
 TEST(Interruption, OfAGlideEndsIt) {
   ItemFixture item(SmallItem());
   item.Drag("source 1").To("target D").Release().Wait(50);
