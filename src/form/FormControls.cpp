@@ -9,7 +9,7 @@ constexpr int kFlashInterval = 25;
 
 constexpr float kPromptWidthTwips = 1350;
 constexpr float kPromptHeightTwips = 360;
-constexpr float kHintWidthPixels = 110;
+constexpr float kHintWidthPixels = 150;
 constexpr float kHintHeightPixels = 24;
 constexpr std::int32_t kHintColor = 0x00E1FFFF;
 

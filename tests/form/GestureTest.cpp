@@ -169,11 +169,11 @@ TEST(ReplaceHint, StandsInTheVisiblePartOfTheWorkArea) {
     const char* edit;
     float left, top;  // pixels of the work picture
   } rows[] = {
-      // The item is 100 x 40, the hint 110 x 24, the work area 500 x 300 or more.
-      {"centred below, five pixels away", R"(Top="300" Left="600")", 35, 65},
+      // The item is 100 x 40, the hint 150 x 24, the work area 500 x 300 or more.
+      {"centred below, five pixels away", R"(Top="300" Left="600")", 15, 65},
       {"pushed back from the left edge", R"(Top="300" Left="0")", 0, 65},
-      {"pushed back from the right edge", R"(Top="300" Left="6000")", 390, 65},
-      {"above, where the picture ends below", R"(Top="3900" Left="600")", 35, 231},
+      {"pushed back from the right edge", R"(Top="300" Left="6000")", 350, 65},
+      {"above, where the picture ends below", R"(Top="3900" Left="600")", 15, 231},
   };
   for (const auto& row : rows) {
     ItemFixture item(SmallItem({{R"(Top="300" Left="600")", row.edit}}));
