@@ -449,6 +449,9 @@ TEST(Interruption, OfAGlideEndsIt) {
   item.Release();
   EXPECT_EQ(item.Responses(), "A2");
   item.Drag("source 1").To("target D").Release().Wait(50);
+  item.Click("target B").Click("target C").Wait(2000);
+  EXPECT_EQ(item.Responses(), "A2") << "an empty target gives nothing to carry";
+  item.Drag("source 1").To("target D").Release().Wait(50);
   item.host.Hide();
   EXPECT_FALSE(Dragging(item));
   EXPECT_EQ(Faults(item), "");

@@ -82,6 +82,7 @@ void KeyboardDrag::TargetClick(int target) {
 // What is carried is not seen under the pointer: the frames say where it comes from and where it
 // would go.
 void KeyboardDrag::PickUp(Carried from, int index) {
+  rooms_.picture.FinishGlide();  // what still glides was not picked up now
   if (from == Carried::FromSource) {
     form_.drag.CurrentTarget = 0;
     sourceDrag_.SourceDragStart(index, 0, 0);
