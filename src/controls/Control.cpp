@@ -9,7 +9,7 @@ Control::Control(ControlHost& host, ControlKind kind, Control* container, std::s
                  int index)
     : host_(host),
       kind_(kind),
-      id_(host.NextId()),
+      id_(ControlHost::NextId()),
       name_(std::move(name)),
       index_(index),
       container_(container) {

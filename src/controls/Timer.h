@@ -10,7 +10,7 @@ namespace zav {
 class Timer {
  public:
   Timer(ControlHost& host, int intervalMilliseconds)
-      : host_(host), id_(host.NextId()), interval_(intervalMilliseconds) {}
+      : host_(host), id_(ControlHost::NextId()), interval_(intervalMilliseconds) {}
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
   ~Timer() { SetEnabled(false); }
