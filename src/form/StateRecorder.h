@@ -16,7 +16,8 @@ class StateRecorder {
   // unchanged.
   void WriteStateResponse(std::string_view response);
 
-  // Removes the first response whose text contains answerId, which is not empty. Reports under "RemoveStateResponse".
+  // Removes the first response whose text contains answerId, which is not empty. Reports under
+  // "RemoveStateResponse".
   void RemoveStateResponse(std::string_view answerId);
 
   // Writes a view value: into its element where there is one, else into a new one. Does nothing
