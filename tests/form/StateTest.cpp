@@ -244,6 +244,8 @@ TEST(LoadState, WaitsForThePagesAndForAResize) {
   item.host.Resize(1024, 768);
   EXPECT_EQ(item.Responses(), "C3");
   EXPECT_EQ(Faults(item), "");
+  item.candidate.DragSplitter("SourceArea", 250);
+  EXPECT_EQ(ValueOf(item, "SourceAreaWidth"), "3750") << "view values are written again";
 }
 
 TEST(ReadOnlyItem, ShowsItsStateAndTakesNothing) {

@@ -351,35 +351,19 @@ TEST(Messages, AreLookedUpInTheirSection) {
 }
 
 TEST(DefaultInterface, HasItsMembersInOrder) {
-  std::vector<std::string> names;
-  for (const auto& member : clsDragDrop::Members()) names.push_back(member.name);
-  EXPECT_EQ(names, (std::vector<std::string>{"mExtParent",
-                                             "mlParenthWnd",
-                                             "mFontReg",
-                                             "mFontBld",
-                                             "mbclosing",
-                                             "AppVersion",
-                                             "ExternalSupport",
-                                             "SelfNavigation",
-                                             "DisplayInt_hwnd",
-                                             "DisplayInt_ExternalSupport",
-                                             "DisplayInt_FreeExternalDisplay",
-                                             "DisplayInt_GetExternalDisplayStatus",
-                                             "DisplayInt_GetExternalStateBytes",
-                                             "DisplayInt_GetExternalStateArray",
-                                             "DisplayInt_GetResponse",
-                                             "ConvertKey",
-                                             "DisplayInt_GetResponseBytes",
-                                             "DisplayInt_GetScoreInfo",
-                                             "DisplayInt_HideExternalDisplay",
-                                             "DisplayInt_InitExternalDisplay",
-                                             "DisplayInt_RescoreExternalDisplay",
-                                             "DisplayInt_RescoreExternalDisplayQuick",
-                                             "DisplayInt_ResizeExternalDisplay",
-                                             "DisplayInt_ScoreExternalDisplay",
-                                             "DisplayInt_SetExternalStateArray",
-                                             "DisplayInt_SetParentWnd",
-                                             "DisplayInt_ShowExternalDisplay"}));
+  std::string names;
+  for (const auto& member : clsDragDrop::Members()) names += member.name + " ";
+  EXPECT_EQ(names,
+            "mExtParent mlParenthWnd mFontReg mFontBld mbclosing AppVersion ExternalSupport "
+            "SelfNavigation DisplayInt_hwnd DisplayInt_ExternalSupport "
+            "DisplayInt_FreeExternalDisplay DisplayInt_GetExternalDisplayStatus "
+            "DisplayInt_GetExternalStateBytes DisplayInt_GetExternalStateArray "
+            "DisplayInt_GetResponse ConvertKey DisplayInt_GetResponseBytes "
+            "DisplayInt_GetScoreInfo DisplayInt_HideExternalDisplay "
+            "DisplayInt_InitExternalDisplay DisplayInt_RescoreExternalDisplay "
+            "DisplayInt_RescoreExternalDisplayQuick DisplayInt_ResizeExternalDisplay "
+            "DisplayInt_ScoreExternalDisplay DisplayInt_SetExternalStateArray "
+            "DisplayInt_SetParentWnd DisplayInt_ShowExternalDisplay ");
 }
 
 // A variant with its type: 5s for 16 bits, 5 for 32, 5f for single precision.
