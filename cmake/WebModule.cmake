@@ -1,0 +1,34 @@
+# add_web_module(name SOURCES ... USES ... EXPORTS file)
+# Links a WebAssembly module: bin/${name}.wasm, and bin/${name}.mjs that loads it. It exports the C
+# functions that the file lists, one name a line as the linker knows it; # begins a comment.
+function(add_web_module name)
+  cmake_parse_arguments(PARSE_ARGV 1 module "" "EXPORTS" "SOURCES;USES")
+  set(program ${name}_module)
+  add_part(PROGRAM ${program} SOURCES ${module_SOURCES} USES ${module_USES})
+  if(NOT TARGET ${program})
+    return()
+  endif()
+  file(STRINGS "${module_EXPORTS}" lines)
+  list(TRANSFORM lines REPLACE "[ \t#].*" "")
+  list(FILTER lines INCLUDE REGEX ".")
+  list(APPEND lines _malloc _free)
+  list(JOIN lines "\n" lines)
+  set(exports "${PROJECT_BINARY_DIR}/${name}.exports")
+  file(CONFIGURE OUTPUT "${exports}" CONTENT "${lines}\n")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${module_EXPORTS}")
+
+  target_link_options(${program} PRIVATE
+    # A module for pages with a strict content security policy; the page decides where it lies.
+    -sMODULARIZE=1 -sEXPORT_ES6=1 -sENVIRONMENT=web -sDYNAMIC_EXECUTION=0
+    # It is a library: nothing runs when it is loaded, and it lives as long as the page.
+    --no-entry -sNO_EXIT_RUNTIME=1
+    # A stack that overflows traps instead of running into data.
+    -sALLOW_MEMORY_GROWTH=1 -sINITIAL_MEMORY=1MB -sTOTAL_STACK=256KB -Wl,--stack-first
+    # As little JavaScript as possible comes along.
+    -sSTRICT=1 -sASSERTIONS=0 -sFILESYSTEM=0 -sSUPPORT_LONGJMP=0
+    -sINCOMING_MODULE_JS_API=wasmBinary,locateFile
+    "-sEXPORTED_FUNCTIONS=@${exports}")
+  set_target_properties(${program} PROPERTIES
+    OUTPUT_NAME ${name} SUFFIX .mjs LINK_DEPENDS "${exports}"
+    RULE_LAUNCH_LINK "\"${CMAKE_COMMAND}\" -E env NODE_PATH=${node_modules} ")
+endfunction()
