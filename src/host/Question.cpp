@@ -5,25 +5,43 @@
 namespace zav {
 
 void Question::Ask(ItemOwner& owner, const std::string& text, std::int16_t style,
-                   const std::function<void(std::int16_t)>& answered) {
+                   Answered answered) {
   if (open_) return;
   open_ = true;
   controlHost_.SetTakesInput(false);
-  std::int16_t answer = 0;
+  MessageAnswer answer;
   try {
-    answer = ShowMessage(owner, text, style);
+    answer = AskMessage(owner, text, style);
   } catch (...) {
-    Drop();
+    Close();
     throw;
   }
-  const bool dropped = !std::exchange(open_, false);
-  controlHost_.SetTakesInput(true);
-  if (!dropped) answered(answer);
+  const bool dropped = !open_;  // while the host was asking
+  if (dropped) {
+    if (answer.pending) answer.pending->Drop();
+  } else if (answer.pending) {
+    pending_ = answer.pending;
+    pending_->Await([this, answered = std::move(answered)](std::int16_t given) {
+      controlHost_.RunEvent([&] {
+        Close();
+        answered(given);
+      });
+    });
+  } else {
+    Close();
+    answered(answer.value);
+  }
 }
 
 void Question::Drop() {
-  open_ = false;
-  controlHost_.SetTakesInput(true);
+  const auto pending = std::move(pending_);
+  Close();
+  if (pending) pending->Drop();
+}
+
+void Question::Close() {
+  pending_.reset();
+  if (std::exchange(open_, false)) controlHost_.SetTakesInput(true);
 }
 
 }  // namespace zav

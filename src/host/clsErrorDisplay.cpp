@@ -16,13 +16,22 @@ std::string MessageText(const AutomationError& error, const std::string& routine
 
 }  // namespace
 
-std::int16_t ShowMessage(ItemOwner& owner, const std::string& message, std::int16_t style) {
+MessageAnswer AskMessage(ItemOwner& owner, const std::string& message, std::int16_t style) {
   try {
-    return ToInt16(Require(owner.ExtParent())
-                       .Call("ShowMessage", message, style, owner.Module().gApplicationTitle));
+    const Variant answer =
+        Require(owner.ExtParent())
+            .Call("ShowMessage", message, style, owner.Module().gApplicationTitle);
+    if (const auto* object = std::get_if<ObjectRef>(&answer)) {
+      if (auto pending = std::dynamic_pointer_cast<PendingAnswer>(*object)) return {0, pending};
+    }
+    return {ToInt16(answer), nullptr};
   } catch (...) {
     throw AutomationError(error_number::kComponent, "Message Function not available");
   }
+}
+
+void ShowMessage(ItemOwner& owner, const std::string& message, std::int16_t style) {
+  AskMessage(owner, message, style);
 }
 
 void clsErrorDisplay::Activate(const AutomationError& error) {

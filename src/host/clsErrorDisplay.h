@@ -4,12 +4,14 @@
 // A routine that can fail runs inside Trap. It then ends normally, with what it did so far.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "automation/AutomationError.h"
 #include "host/ItemOwner.h"
+#include "host/PendingAnswer.h"
 
 namespace zav {
 
@@ -31,9 +33,17 @@ inline constexpr std::int16_t kOk = 1;
 inline constexpr std::int16_t kCancel = 2;
 }  // namespace message_answer
 
+// What the host answered to a message, or the answer that it will give later.
+struct MessageAnswer {
+  std::int16_t value = 0;
+  std::shared_ptr<PendingAnswer> pending;
+};
+
 // Shows a message through the host's parent object, with the application's title as its caption,
 // and returns the host's answer. Raises 0x8004000A "Message Function not available" when it cannot.
-std::int16_t ShowMessage(ItemOwner& owner, const std::string& message, std::int16_t style);
+MessageAnswer AskMessage(ItemOwner& owner, const std::string& message, std::int16_t style);
+// The same for a message that asks nothing.
+void ShowMessage(ItemOwner& owner, const std::string& message, std::int16_t style);
 
 class clsErrorDisplay {
  public:

@@ -8,7 +8,7 @@
 #include "controls/Control.h"
 #include "controls/Splitter.h"
 #include "platform/headless/PageStore.h"
-#include "platform/headless/WindowTable.h"
+#include "platform/WindowTable.h"
 
 namespace zav {
 

@@ -23,7 +23,7 @@
 #include "platform/headless/CandidateInput.h"
 #include "platform/headless/PageStore.h"
 #include "platform/headless/VirtualClock.h"
-#include "platform/headless/WindowTable.h"
+#include "platform/WindowTable.h"
 
 namespace zav {
 

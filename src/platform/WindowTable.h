@@ -1,4 +1,4 @@
-// The windows of the headless platform: forms, windows of the host's and those of programs.
+// The windows of a platform: forms, windows of the host's and those of programs.
 //
 // A window is in front of the one that it stands in, and beside others in there of those that were
 // made or brought to the top before it. Handles are never used again. Windows have no place of

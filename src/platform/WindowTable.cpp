@@ -1,4 +1,4 @@
-#include "platform/headless/WindowTable.h"
+#include "platform/WindowTable.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,0 +1,43 @@
+// What a host's ShowMessage gives where it answers a question later: an object that stands for the
+// answer to come.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <utility>
+
+#include "automation/AutomationError.h"
+#include "automation/Object.h"
+
+namespace zav {
+
+class PendingAnswer : public Object {
+ public:
+  using Answered = std::function<void(std::int16_t answer)>;
+
+  // Who asked waits for the answer.
+  void Await(Answered answered) { answered_ = std::move(answered); }
+  // Nobody waits any more: an answer that still comes is not heard.
+  void Drop() {
+    answered_ = {};
+    if (onDropped) onDropped();
+  }
+  // The host answers. Only the first answer counts.
+  void Answer(std::int16_t answer) {
+    if (const Answered answered = std::exchange(answered_, {})) answered(answer);
+  }
+
+  std::function<void()> onDropped;
+
+  Variant Invoke(std::string_view name, std::span<Variant> /*arguments*/,
+                 InvokeKind /*kind*/) override {
+    throw AutomationError(error_number::kNoSuchMember,
+                          "Object does not support this member: " + std::string(name));
+  }
+
+ private:
+  Answered answered_;
+};
+
+}  // namespace zav
