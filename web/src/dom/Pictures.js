@@ -1,0 +1,67 @@
+/**
+ * The pictures of one item: loaded before the item is initialised, known to the component by a
+ * number and to pages by the path that the host gave for them. Paths are compared without regard to
+ * case. Nothing is fetched for a path that was not brought.
+ */
+
+/**
+ * A picture that can be shown. number 0: what was fetched is no picture.
+ * @typedef {{number: number, width: number, height: number}} LoadedPicture
+ */
+
+/**
+ * @param {string} url
+ * @returns {Promise<HTMLImageElement>} rejected for what is missing and for what is no picture
+ */
+export function loadImage(url) {
+  return new Promise((resolve, reject) => {
+    const image = new Image();
+    image.onload = () => resolve(image);
+    image.onerror = () => reject(new Error(`Not a picture: ${url}`));
+    image.src = url;
+  });
+}
+
+export class Pictures {
+  /** @type {HTMLImageElement[]} */
+  #images = [new Image()];
+  /** @type {Map<string, number>} */
+  #numbers = new Map();
+
+  /**
+   * @param {HTMLImageElement} image
+   * @param {number} width
+   * @param {number} height
+   * @returns {LoadedPicture}
+   */
+  add(image, width = image.naturalWidth, height = image.naturalHeight) {
+    return { number: this.#images.push(image) - 1, width, height };
+  }
+
+  /**
+   * @param {string} path
+   * @param {number} number
+   */
+  name(path, number) {
+    this.#numbers.set(path.toLowerCase(), number);
+  }
+
+  /** @param {number} number */
+  image(number) {
+    return this.#images[number];
+  }
+
+  /** @param {number} number */
+  urlOf(number) {
+    return number ? this.#images[number].src : '';
+  }
+
+  /**
+   * The url of the picture at a path; null for a picture that was not brought.
+   * @param {string} path
+   */
+  urlAt(path) {
+    const number = this.#numbers.get(path.toLowerCase());
+    return number ? this.#images[number].src : null;
+  }
+}

@@ -1,0 +1,145 @@
+/**
+ * What is drawn on a picture box. Pictures that lie under all that is drawn are elements, so that
+ * only lines and boxes are drawn anew, at the resolution of the screen; the canvas is made when there
+ * is something to draw.
+ */
+
+/** Kinds of DrawnShape. */
+const LINE = 0;
+const FILLED_BOX = 1;
+const PICTURE = 2;
+
+/**
+ * @typedef {object} Shape
+ * @property {number} kind
+ * @property {number} x1
+ * @property {number} y1
+ * @property {number} x2
+ * @property {number} y2
+ * @property {number} penWidth
+ * @property {string} color
+ * @property {number} picture
+ */
+
+export class Surface {
+  /** @type {HTMLCanvasElement | undefined} */
+  #canvas;
+  /** @type {HTMLImageElement[]} */
+  #backgrounds = [];
+  /** @type {Shape[]} */
+  #shapes = [];
+  #width = 0;
+  #height = 0;
+  #element;
+  #pictures;
+
+  /**
+   * @param {HTMLElement} element
+   * @param {import('./Pictures.js').Pictures} pictures
+   */
+  constructor(element, pictures) {
+    this.#element = element;
+    this.#pictures = pictures;
+  }
+
+  /**
+   * @param {number} width
+   * @param {number} height
+   */
+  resize(width, height) {
+    if (width === this.#width && height === this.#height) return;
+    this.#width = width;
+    this.#height = height;
+    this.#draw();
+  }
+
+  /**
+   * @param {number} picture shown under everything drawn; 0: none
+   * @param {Shape[]} shapes
+   */
+  show(picture, shapes) {
+    const lowest = shapes.findIndex((shape) => shape.kind !== PICTURE);
+    const under = lowest < 0 ? shapes : shapes.slice(0, lowest);
+    const placed = under.map((shape) => ({ picture: shape.picture, x: shape.x1, y: shape.y1 }));
+    this.#showBackgrounds(picture ? [{ picture, x: 0, y: 0 }, ...placed] : placed);
+    this.#shapes = shapes.slice(under.length);
+    this.#draw();
+  }
+
+  /** The screen's resolution changed. */
+  redraw() {
+    this.#draw();
+  }
+
+  /** @param {{picture: number, x: number, y: number}[]} pictures */
+  #showBackgrounds(pictures) {
+    pictures.forEach(({ picture, x, y }, i) => {
+      const image = (this.#backgrounds[i] ??= this.#addBackground());
+      const url = this.#pictures.urlOf(picture);
+      if (image.src !== url) image.src = url;
+      image.style.transform = x || y ? `translate(${Math.round(x)}px, ${Math.round(y)}px)` : '';
+    });
+    for (const image of this.#backgrounds.splice(pictures.length)) image.remove();
+  }
+
+  #addBackground() {
+    const image = document.createElement('img');
+    image.alt = '';
+    image.draggable = false;
+    if (this.#canvas) this.#canvas.before(image);
+    else this.#element.prepend(image);
+    return image;
+  }
+
+  #draw() {
+    if (!this.#width || !this.#height || (!this.#shapes.length && !this.#canvas)) return;
+    const canvas = (this.#canvas ??= this.#addCanvas());
+    const scale = devicePixelRatio;
+    canvas.width = Math.round(this.#width * scale); // clears it, too
+    canvas.height = Math.round(this.#height * scale);
+    canvas.style.width = `${this.#width}px`;
+    canvas.style.height = `${this.#height}px`;
+    const context = canvas.getContext('2d');
+    if (!context) return;
+    context.scale(scale, scale);
+    context.lineCap = 'round';
+    for (const shape of this.#shapes) this.#drawShape(context, shape);
+  }
+
+  #addCanvas() {
+    const canvas = document.createElement('canvas');
+    const last = this.#backgrounds.at(-1);
+    if (last) last.after(canvas);
+    else this.#element.prepend(canvas);
+    return canvas;
+  }
+
+  /**
+   * @param {CanvasRenderingContext2D} context
+   * @param {Shape} shape
+   */
+  #drawShape(context, { kind, x1, y1, x2, y2, penWidth, color, picture }) {
+    if (kind === LINE) {
+      const middle = penWidth % 2 ? 0.5 : 0;
+      context.strokeStyle = color;
+      context.lineWidth = Math.max(1, penWidth);
+      context.beginPath();
+      context.moveTo(Math.round(x1) + middle, Math.round(y1) + middle);
+      context.lineTo(Math.round(x2) + middle, Math.round(y2) + middle);
+      context.stroke();
+    } else if (kind === FILLED_BOX) {
+      const grow = Math.floor(Math.max(1, penWidth) / 2);
+      const left = Math.round(Math.min(x1, x2)) - grow;
+      const top = Math.round(Math.min(y1, y2)) - grow;
+      const right = Math.round(Math.max(x1, x2)) + 1 + grow;
+      const bottom = Math.round(Math.max(y1, y2)) + 1 + grow;
+      context.fillStyle = color;
+      context.beginPath();
+      context.roundRect(left, top, right - left, bottom - top, grow);
+      context.fill();
+    } else if (picture) {
+      context.drawImage(this.#pictures.image(picture), Math.round(x1), Math.round(y1));
+    }
+  }
+}
+

@@ -1,0 +1,449 @@
+/**
+ * One DOM element for each control of the component. An element is appended once, into its
+ * container's, and never again: what lies over what is said by z-index alone. Places are set by
+ * transforms, so that nothing is laid out anew when something moves.
+ */
+import { applyFont } from './fonts.js';
+import { Surface } from './Surface.js';
+
+/** Kinds of controls, in the order of ControlKind. */
+export const Kind = {
+  form: 0,
+  pictureBox: 1,
+  pictureButton: 2,
+  label: 3,
+  htmlPane: 4,
+  richText: 5,
+  scrollFrame: 6,
+  splitter: 7,
+};
+
+/** Values of Pointer. */
+const CUSTOM_POINTER = 99;
+/** @type {Record<number, string>} */
+const CURSORS = { 0: '', 1: 'default', 12: 'no-drop' };
+const CURSOR_HOT_SPOT = 16;
+
+/** Values of CaptionAlignment and LabelAlignment. */
+const CAPTION_ALIGNMENT = ['left', 'right', , , , , , 'center'];
+const LABEL_ALIGNMENT = ['left', 'right', 'center'];
+
+/**
+ * What a control is made with.
+ * @typedef {object} Place
+ * @property {number} id
+ * @property {string} name
+ * @property {number} index -1 for a control that is not in an array
+ * @property {ControlView | undefined} container none for a form
+ * @property {boolean} framed stands in its container's frame, does not scroll with it
+ * @property {boolean} takesFocus
+ * @property {import('./Pictures.js').Pictures} pictures
+ * @property {import('./Pages.js').Pages} pages
+ */
+
+/** @type {WeakMap<Node, ControlView>} */
+const owners = new WeakMap();
+
+/**
+ * The control that an event happened to; through shadow roots.
+ * @param {Event} event
+ */
+export function controlOf(event) {
+  for (const node of event.composedPath()) {
+    const owner = owners.get(/** @type {Node} */ (node));
+    if (owner) return owner;
+  }
+  return undefined;
+}
+
+/** @param {number} color 0x00RRGGBB */
+export const cssColor = (color) => `#${color.toString(16).padStart(6, '0')}`;
+
+export class ControlView {
+  left = 0;
+  top = 0;
+  width = 0;
+  height = 0;
+  #cursor = '';
+
+  /**
+   * @param {Place} place
+   * @param {string} className
+   * @param {HTMLElement} element
+   */
+  constructor(place, className, element = document.createElement('div')) {
+    this.id = place.id;
+    this.takesFocus = place.takesFocus;
+    this.element = element;
+    this.pictures = place.pictures;
+    element.className = `control ${className}`;
+    element.id = place.index < 0 ? place.name : `${place.name}-${place.index}`;
+    owners.set(element, this);
+    place.container?.hold(this, place.framed);
+  }
+
+  /**
+   * @param {ControlView} child
+   * @param {boolean} _framed
+   */
+  hold(child, _framed) {
+    this.element.append(child.element);
+  }
+
+  /**
+   * @param {number} left
+   * @param {number} top
+   * @param {number} width
+   * @param {number} height
+   */
+  place(left, top, width, height) {
+    const { style } = this.element;
+    if (left !== this.left || top !== this.top) {
+      this.left = left;
+      this.top = top;
+      style.transform = left || top ? `translate(${left}px, ${top}px)` : '';
+    }
+    if (width === this.width && height === this.height) return;
+    this.width = width;
+    this.height = height;
+    style.width = `${width}px`;
+    style.height = `${height}px`;
+    this.resized();
+  }
+
+  resized() {}
+
+  /** @param {boolean} visible */
+  setVisible(visible) {
+    this.element.style.visibility = visible ? '' : 'hidden';
+  }
+
+  /** @param {number} order */
+  setOrder(order) {
+    this.element.style.zIndex = String(order);
+  }
+
+  /**
+   * @param {boolean} enabled
+   * @param {string} backColor
+   * @param {string} foreColor
+   */
+  setLook(enabled, backColor, foreColor) {
+    this.element.classList.toggle('disabled', !enabled);
+    if (this.takesFocus) {
+      this.element.tabIndex = enabled ? 0 : -1;
+      this.element.setAttribute('role', 'button');
+      this.element.setAttribute('aria-disabled', String(!enabled));
+    }
+    this.setColors(backColor, foreColor);
+  }
+
+  /**
+   * @param {string} _backColor
+   * @param {string} _foreColor
+   */
+  setColors(_backColor, _foreColor) {}
+
+  /**
+   * @param {number} pointer
+   * @param {number} picture
+   */
+  setPointer(pointer, picture) {
+    const hand = `url("${this.pictures.urlOf(picture)}") ${CURSOR_HOT_SPOT} ${CURSOR_HOT_SPOT}, grab`;
+    const cursor = pointer === CUSTOM_POINTER && picture ? hand : (CURSORS[pointer] ?? '');
+    if (cursor === this.#cursor) return;
+    this.#cursor = cursor;
+    this.element.style.cursor = cursor;
+  }
+
+  /** @param {import('./fonts.js').Font} font */
+  setFont(font) {
+    applyFont(this.element, font);
+  }
+
+  remove() {
+    this.element.remove();
+  }
+}
+
+export class FormView extends ControlView {
+  /** @param {Place} place */
+  constructor(place) {
+    super(place, 'form');
+    this.window = 0;
+    this.closable = false;
+    this.caption = '';
+  }
+}
+
+export class PictureBoxView extends ControlView {
+  /** @param {Place} place */
+  constructor(place) {
+    // What stands on the form itself and over everything is what the candidate drags.
+    super(place, place.container instanceof FormView ? 'surface lifted' : 'surface');
+    this.surface = new Surface(this.element, place.pictures);
+  }
+
+  /** @override */
+  resized() {
+    this.surface.resize(this.width, this.height);
+  }
+
+  /** @override @param {string} backColor */
+  setColors(backColor) {
+    this.element.style.backgroundColor = backColor;
+  }
+}
+
+export class PictureButtonView extends ControlView {
+  /** @type {HTMLImageElement | undefined} */
+  #image;
+  /** @type {HTMLElement | undefined} */
+  #caption;
+  #hasFace = false;
+  #backColor = '';
+
+  /** @param {Place} place */
+  constructor(place) {
+    super(place, 'button');
+  }
+
+  /** @override @param {string} backColor @param {string} foreColor */
+  setColors(backColor, foreColor) {
+    this.#backColor = backColor;
+    if (this.element.style.color !== foreColor) this.element.style.color = foreColor;
+    this.#applyFace();
+  }
+
+  /**
+   * @param {number} picture
+   * @param {boolean} hasFace
+   * @param {number} alignment
+   * @param {string} caption
+   */
+  show(picture, hasFace, alignment, caption) {
+    this.#hasFace = hasFace;
+    this.#applyFace();
+    this.#showPicture(this.pictures.urlOf(picture));
+    this.#showCaption(alignment, caption);
+  }
+
+  #applyFace() {
+    this.element.classList.toggle('faced', this.#hasFace);
+    this.element.style.backgroundColor = this.#hasFace ? this.#backColor : '';
+  }
+
+  /** @param {string} url */
+  #showPicture(url) {
+    if (!url) {
+      this.#image?.remove();
+      this.#image = undefined;
+      return;
+    }
+    if (!this.#image) {
+      this.#image = document.createElement('img');
+      this.#image.alt = '';
+      this.#image.draggable = false;
+      this.element.prepend(this.#image);
+    }
+    if (this.#image.src !== url) this.#image.src = url;
+  }
+
+  /**
+   * @param {number} alignment
+   * @param {string} text
+   */
+  #showCaption(alignment, text) {
+    if (!text && !this.#caption) return;
+    if (!this.#caption) {
+      this.#caption = document.createElement('div');
+      this.#caption.className = 'caption';
+      this.#caption.append(document.createElement('span'));
+      this.element.append(this.#caption);
+    }
+    const span = /** @type {HTMLElement} */ (this.#caption.firstChild);
+    span.textContent = text;
+    span.style.textAlign = CAPTION_ALIGNMENT[alignment] ?? 'center';
+  }
+}
+
+export class LabelView extends ControlView {
+  /** @param {Place} place */
+  constructor(place) {
+    super(place, 'label');
+  }
+
+  /** @override @param {string} _backColor @param {string} foreColor */
+  setColors(_backColor, foreColor) {
+    this.element.style.color = foreColor;
+  }
+
+  /**
+   * @param {number} alignment
+   * @param {string} caption
+   */
+  show(alignment, caption) {
+    this.element.textContent = caption;
+    this.element.style.textAlign = LABEL_ALIGNMENT[alignment] ?? 'left';
+  }
+}
+
+export class HtmlPaneView extends ControlView {
+  #pane;
+
+  /** @param {Place} place */
+  constructor(place) {
+    const pane = place.pages.pane(place.id);
+    super(place, 'pane', pane.element);
+    this.#pane = pane;
+  }
+
+  /** @override @param {import('./fonts.js').Font} font */
+  setFont(font) {
+    this.#pane.setFont(font);
+  }
+
+  /**
+   * @param {number} margin
+   * @param {boolean} hasBorder
+   * @param {boolean} scrolls
+   */
+  show(margin, hasBorder, scrolls) {
+    this.#pane.setMargin(margin);
+    this.element.classList.toggle('bordered', hasBorder);
+    this.element.classList.toggle('scrolls', scrolls);
+  }
+}
+
+export class RichTextView extends ControlView {
+  #pages;
+
+  /** @param {Place} place */
+  constructor(place) {
+    super(place, 'rich');
+    this.#pages = place.pages;
+  }
+
+  /** @override @param {string} backColor @param {string} foreColor */
+  setColors(backColor, foreColor) {
+    this.element.style.backgroundColor = backColor;
+    this.element.style.color = foreColor;
+  }
+
+  /**
+   * @param {boolean} isHtml
+   * @param {string} text
+   */
+  show(isHtml, text) {
+    this.#pages.showRichText(this.element, isHtml, text);
+  }
+}
+
+export class ScrollFrameView extends ControlView {
+  /** The offsets that the component knows. */
+  x = 0;
+  y = 0;
+
+  /** @param {Place} place */
+  constructor(place) {
+    super(place, 'frame');
+    this.scroller = document.createElement('div');
+    this.scroller.className = 'scroller';
+    this.scroller.tabIndex = -1;
+    this.content = document.createElement('div');
+    this.content.className = 'content';
+    this.scroller.append(this.content);
+    this.element.append(this.scroller);
+  }
+
+  /** @override @param {ControlView} child @param {boolean} framed */
+  hold(child, framed) {
+    (framed ? this.element : this.content).append(child.element);
+  }
+
+  /** @override @param {string} backColor */
+  setColors(backColor) {
+    this.element.style.backgroundColor = backColor;
+  }
+
+  /**
+   * @param {number} width
+   * @param {number} height
+   * @param {number} x
+   * @param {number} y
+   */
+  show(width, height, x, y) {
+    this.content.style.width = `${width}px`;
+    this.content.style.height = `${height}px`;
+    if (x !== this.x) this.scroller.scrollLeft = this.x = x;
+    if (y !== this.y) this.scroller.scrollTop = this.y = y;
+  }
+
+  /** Takes over where the candidate scrolled to; whether that is elsewhere than before. */
+  readOffsets() {
+    const x = Math.round(this.scroller.scrollLeft);
+    const y = Math.round(this.scroller.scrollTop);
+    if (x === this.x && y === this.y) return false;
+    this.x = x;
+    this.y = y;
+    return true;
+  }
+}
+
+/**
+ * A bar of a splitter, in pixels of the splitter.
+ * @typedef {{left: number, top: number, width: number, height: number, upright: boolean}} Bar
+ */
+
+export class SplitterView extends ControlView {
+  /** @type {HTMLElement[]} */
+  #bars = [];
+
+  /** @param {Place} place */
+  constructor(place) {
+    super(place, 'splitter');
+  }
+
+  /** @param {Bar[]} bars */
+  show(bars) {
+    bars.forEach((bar, i) => {
+      const element = (this.#bars[i] ??= this.#addBar());
+      element.classList.toggle('upright', bar.upright);
+      element.classList.toggle('level', !bar.upright);
+      element.setAttribute('aria-orientation', bar.upright ? 'vertical' : 'horizontal');
+      element.style.width = `${bar.width}px`;
+      element.style.height = `${bar.height}px`;
+      element.style.transform = `translate(${bar.left}px, ${bar.top}px)`;
+    });
+    for (const element of this.#bars.splice(bars.length)) element.remove();
+  }
+
+  #addBar() {
+    const element = document.createElement('div');
+    element.className = 'bar';
+    element.tabIndex = 0;
+    element.setAttribute('role', 'separator');
+    this.element.append(element);
+    return element;
+  }
+
+  /**
+   * The place of a bar among the bars; -1 for anything else.
+   * @param {EventTarget | null} target
+   */
+  barOf(target) {
+    return this.#bars.indexOf(/** @type {HTMLElement} */ (target));
+  }
+}
+
+/** Classes by kind. */
+export const VIEW_OF_KIND = [
+  FormView,
+  PictureBoxView,
+  PictureButtonView,
+  LabelView,
+  HtmlPaneView,
+  RichTextView,
+  ScrollFrameView,
+  SplitterView,
+];

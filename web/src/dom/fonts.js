@@ -1,0 +1,35 @@
+/**
+ * Fonts as items name them, as CSS.
+ */
+
+/**
+ * points: size; style: 1 bold | 2 italic | 4 underlined.
+ * @typedef {{points: number, style: number, name: string}} Font
+ */
+
+/** @type {Map<string, string>} */
+const shorthands = new Map();
+
+/**
+ * The CSS shorthand of a font; underlining is no part of it.
+ * @param {Font} font
+ */
+export function cssFont({ points, style, name }) {
+  const key = `${points} ${style} ${name}`;
+  let css = shorthands.get(key);
+  if (css === undefined) {
+    const safe = name.replace(/["\\\n]/g, '');
+    css = `${style & 2 ? 'italic ' : ''}${style & 1 ? 'bold ' : ''}${points}pt/1.2 "${safe}", Verdana, "DejaVu Sans", sans-serif`;
+    shorthands.set(key, css);
+  }
+  return css;
+}
+
+/**
+ * @param {HTMLElement} element
+ * @param {Font} font
+ */
+export function applyFont(element, font) {
+  element.style.font = cssFont(font);
+  element.style.textDecoration = font.style & 4 ? 'underline' : '';
+}

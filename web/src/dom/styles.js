@@ -1,0 +1,103 @@
+/**
+ * The one style sheet of an element's shadow root. Nothing of a page's own styles reaches in: what
+ * is inherited begins anew at .root.
+ */
+import { styles as dialogStyles } from './MessageDialog.js';
+import { styles as windowStyles } from './FloatingWindow.js';
+import { styles as calculatorStyles } from './Calculator.js';
+
+const base = `
+:host { display: block; position: relative; min-width: 0; overflow: hidden; contain: content; }
+:host([hidden]) { display: none; }
+.root {
+  all: initial;
+  position: absolute; inset: 0; overflow: hidden;
+  font: 10pt Verdana, 'DejaVu Sans', sans-serif; color: #000;
+  user-select: none; -webkit-user-select: none;
+  --accent: #1a5f8a;
+}
+.layer { position: absolute; inset: 0; overflow: hidden; isolation: isolate; }
+.dialogs { pointer-events: none; z-index: 2; }
+.dialogs > * { pointer-events: auto; }
+.lobby { visibility: hidden; contain: strict; z-index: -1; }
+.control {
+  position: absolute; left: 0; top: 0; box-sizing: border-box;
+  overflow: hidden; contain: layout style paint;
+}
+.control:focus { outline: none; }
+.control:focus-visible { outline: 3px solid var(--accent); outline-offset: -3px; border-radius: 3px; }
+.form { background: #fff; }
+.button { touch-action: none; }
+.button > img, .face > img {
+  position: absolute; inset: 0; width: 100%; height: 100%;
+  object-fit: scale-down; pointer-events: none;
+}
+.caption {
+  position: absolute; inset: 0 4px; display: flex; align-items: center;
+  overflow: hidden; white-space: pre-wrap; pointer-events: none;
+}
+.caption > span { width: 100%; }
+.faced {
+  border: 1px solid #8a929a; border-radius: 4px;
+  box-shadow: inset 0 1px #ffffff90, inset 0 -1px #00000018;
+}
+.disabled > img { opacity: .45; }
+.disabled > .caption { color: #8c9299; }
+.label { white-space: pre-wrap; }
+.surface > img, .surface > canvas { position: absolute; left: 0; top: 0; pointer-events: none; }
+.surface > img { max-width: none; }
+.lifted { touch-action: none; will-change: transform; }
+.scroller { position: absolute; inset: 0; overflow: auto; overscroll-behavior: contain; }
+.content { position: relative; overflow: hidden; }
+.bar { position: absolute; left: 0; top: 0; background: #eef0f2; touch-action: none; }
+.bar:hover, .bar:focus-visible, .bar.dragged { background: #d5dde4; outline: none; }
+.bar.dragged { z-index: 2147483647; }
+.bar::after {
+  content: ''; position: absolute; inset: 0; margin: auto; border-radius: 2px;
+  background: #b4bbc2; width: 24px; height: 2px;
+}
+.upright { cursor: col-resize; }
+.level { cursor: row-resize; }
+.upright::after { width: 2px; height: 24px; }
+.pane { background: #fff; }
+.bordered { border: 1px solid #9aa5b1; }
+.pane.scrolls { overflow: hidden auto; }
+.rich { padding: 3px; display: flex; flex-direction: column; justify-content: safe center; white-space: pre-wrap; overflow-wrap: break-word; }
+.rich > .formatted { white-space: normal; }
+.measure { position: absolute; left: 0; top: 0; }
+@media (forced-colors: active) { .control:focus-visible { outline-color: Highlight; } }
+`;
+
+/** The style of a page's content, in its own shadow root. */
+const page = `
+:host { user-select: none; -webkit-user-select: none; }
+.page { box-sizing: border-box; overflow-wrap: break-word; }
+.page p { margin: 0 0 .7em; }
+.page button { font: inherit; color: #1d2b36; cursor: pointer; padding: 0; box-sizing: border-box;
+  border: 1px solid #8a9aa6; border-radius: 4px; background: linear-gradient(#fdfefe, #e3e9ee); }
+.page button:hover { background: linear-gradient(#fff, #eef3f7); }
+.page button:active { background: #d5dee6; }
+.page button:focus-visible { outline: 2px solid #1a5f8a; outline-offset: 1px; }
+`;
+
+/** @param {string} text */
+function sheet(text) {
+  const made = new CSSStyleSheet();
+  made.replaceSync(text);
+  return made;
+}
+
+/** @type {CSSStyleSheet | undefined} */
+let rootSheet;
+/** @type {CSSStyleSheet | undefined} */
+let pageSheet;
+
+export function rootStyles() {
+  rootSheet ??= sheet(base + windowStyles + dialogStyles + calculatorStyles);
+  return rootSheet;
+}
+
+export function pageStyles() {
+  pageSheet ??= sheet(page);
+  return pageSheet;
+}

@@ -1,0 +1,92 @@
+/**
+ * An item's XML on the page's side: as the bytes that hosts hand over, and what files it names.
+ */
+
+const PICTURE_FILE = /\.(?:avif|bmp|cur|gif|ico|jpe?g|png|svg|webp)$/i;
+const PICTURE_ATTRIBUTES = new Set(['ImagePath', 'EmptyImage']);
+const HTML_SOURCE = /<img\b[^>]*?\bsrc\s*=\s*(?:"([^"]*)"|'([^']*)'|([^\s>]+))/gi;
+const NO_CASE = 'NONE';
+
+/**
+ * @param {string} xml
+ * @returns {Document | null} null for text that is not well-formed
+ */
+function parse(xml) {
+  const document = new DOMParser().parseFromString(xml.replace(/^[\uFEFF\s]+/, ''), 'text/xml');
+  return document.querySelector('parsererror') ? null : document;
+}
+
+/**
+ * Text as UTF-16LE bytes without a byte-order mark.
+ * @param {string} text
+ */
+export function toBytes(text) {
+  const bytes = new Uint8Array(text.length * 2);
+  const view = new DataView(bytes.buffer);
+  for (let i = 0; i < text.length; i++) view.setUint16(i * 2, text.charCodeAt(i), true);
+  return bytes;
+}
+
+/**
+ * The text of UTF-16LE bytes, up to the first NUL.
+ * @param {Uint8Array} bytes
+ */
+export function toText(bytes) {
+  const text = new TextDecoder('utf-16le').decode(bytes);
+  const end = text.indexOf('\0');
+  return end < 0 ? text : text.slice(0, end);
+}
+
+/**
+ * The text of an XML file in UTF-8 or UTF-16.
+ * @param {ArrayBuffer} file
+ */
+export function decodeFile(file) {
+  const [first, second] = new Uint8Array(file.slice(0, 2));
+  if (first === 0xff && second === 0xfe) return new TextDecoder('utf-16le').decode(file);
+  if (first === 0xfe && second === 0xff) return new TextDecoder('utf-16be').decode(file);
+  return new TextDecoder().decode(file);
+}
+
+/**
+ * The item in another language. Text that is not well-formed stays as it is.
+ * @param {string} xml
+ * @param {string} language
+ */
+export function withLanguage(xml, language) {
+  const document = parse(xml);
+  if (!document) return xml;
+  document.documentElement.setAttribute('Language', language);
+  return new XMLSerializer().serializeToString(document);
+}
+
+/**
+ * The files that an item or a case names: pictures in attributes and in HTML, and the case's file.
+ * @param {string} xml
+ * @returns {{pictures: Set<string>, caseFile: string}}
+ */
+export function namedFiles(xml) {
+  /** @type {Set<string>} */
+  const pictures = new Set();
+  const document = parse(xml);
+  if (!document) return { pictures, caseFile: '' };
+  for (const element of document.getElementsByTagName('*')) {
+    for (const { name, value } of element.attributes) {
+      if (value && (PICTURE_ATTRIBUTES.has(name) || PICTURE_FILE.test(value))) pictures.add(value);
+    }
+    if (element.childElementCount === 0) addHtmlPictures(element.textContent ?? '', pictures);
+  }
+  const caseCode = document.documentElement.getAttribute('CaseCode') ?? NO_CASE;
+  return { pictures, caseFile: caseCode && caseCode !== NO_CASE ? `${caseCode}.xml` : '' };
+}
+
+/**
+ * @param {string} html
+ * @param {Set<string>} pictures
+ */
+function addHtmlPictures(html, pictures) {
+  for (const [, double, single, bare] of html.matchAll(HTML_SOURCE)) {
+    const name = double ?? single ?? bare;
+    if (name) pictures.add(name);
+  }
+}
