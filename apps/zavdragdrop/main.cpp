@@ -7,13 +7,15 @@
 #include "hosting/InputError.h"
 #include "zavdragdrop/PlayCommand.h"
 #include "zavdragdrop/PlayScript.h"
+#include "zavdragdrop/ServeCommand.h"
 
 namespace {
 
-constexpr int kPlayed = 0;
+constexpr int kDone = 0;
 constexpr int kErrorsLogged = 1;
 constexpr int kBadInput = 2;
 constexpr int kMostPixels = 8192;
+constexpr int kMostPort = 65535;
 
 // What the options say beside the fields of PlayOptions.
 struct PlayFlags {
@@ -57,6 +59,22 @@ CLI::App& AddPlay(CLI::App& program, zav::PlayOptions& options, PlayFlags& flags
   return play;
 }
 
+CLI::App& AddServe(CLI::App& program, zav::ServeOptions& options) {
+  CLI::App& serve =
+      *program.add_subcommand("serve", "Shows item folders in browsers of this machine");
+  serve.add_option("FOLDER", options.folders, "Item folders, and folders that hold item folders")
+      ->required();
+  serve
+      .add_option("--port", options.port,
+                  "Listen at this port, 0 at any free one; without it at 8080, if that is free")
+      ->check(CLI::Range(0, kMostPort));
+  serve.add_option("--package", options.package,
+                   "Folder of the built web package; without it build/web/package of the checkout");
+  serve.add_option("--player", options.player,
+                   "Folder of the player's page; without it web/player of the checkout");
+  return serve;
+}
+
 void Apply(const PlayFlags& flags, zav::PlayOptions& options) {
   if (flags.readOnly) options.host.lOptions |= 0x1;
   if (flags.showAnswers) options.host.lOptions |= 0x10;
@@ -72,18 +90,24 @@ int Fail(const std::string& message) {
 }
 
 int Run(int argc, char** argv) {
-  CLI::App program("Plays drag-and-drop exam items without a screen");
+  CLI::App program("Plays drag-and-drop exam items without a screen, or shows them in a browser");
   program.require_subcommand(1);
   zav::PlayOptions options;
   PlayFlags flags;
   AddPlay(program, options, flags);
+  zav::ServeOptions serveOptions;
+  const CLI::App& serve = AddServe(program, serveOptions);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? kPlayed : kBadInput;
+    return program.exit(error) == 0 ? kDone : kBadInput;
+  }
+  if (serve.parsed()) {
+    zav::Serve(serveOptions, std::cout, std::cerr);
+    return kDone;
   }
   Apply(flags, options);
-  return zav::Play(options, std::cout) ? kPlayed : kErrorsLogged;
+  return zav::Play(options, std::cout) ? kDone : kErrorsLogged;
 }
 
 }  // namespace
