@@ -113,7 +113,10 @@ export class ChangeReader {
         control.show(this.#list(() => this.#bar()));
         break;
       case Change.surface:
-        control.surface.show(this.#next(), this.#list(() => this.#shape()));
+        control.surface.show(
+          this.#next(),
+          this.#list(() => this.#shape()),
+        );
         break;
       case Change.form:
         control.window = this.#next();

@@ -110,7 +110,16 @@ export class View {
   create(id, kind, container, framed, takesFocus, index, name) {
     const { pictures } = this;
     const holder = this.#controls.get(container);
-    const place = { id, name, index, container: holder, framed, takesFocus, pictures, pages: this.#pages };
+    const place = {
+      id,
+      name,
+      index,
+      container: holder,
+      framed,
+      takesFocus,
+      pictures,
+      pages: this.#pages,
+    };
     const control = new VIEW_OF_KIND[kind](place);
     if (control instanceof FormView) this.layer.append(control.element);
     if (control instanceof ScrollFrameView) this.#frames.add(control);
