@@ -1,17 +1,14 @@
 # add_web_module(name SOURCES ... USES ... EXPORTS file)
 # Links a WebAssembly module: bin/${name}.wasm, and bin/${name}.mjs that loads it. It exports the C
-# functions that the file lists, one name a line as the linker knows it; # begins a comment.
+# functions that the file lists, one name a line as the linker knows it; # begins a comment. The
+# target is ${name}_module.
 function(add_web_module name)
   cmake_parse_arguments(PARSE_ARGV 1 module "" "EXPORTS" "SOURCES;USES")
   set(program ${name}_module)
   add_part(PROGRAM ${program} SOURCES ${module_SOURCES} USES ${module_USES})
-  if(NOT TARGET ${program})
-    return()
-  endif()
   file(STRINGS "${module_EXPORTS}" lines)
   list(TRANSFORM lines REPLACE "[ \t#].*" "")
   list(FILTER lines INCLUDE REGEX ".")
-  list(APPEND lines _malloc _free)
   list(JOIN lines "\n" lines)
   set(exports "${PROJECT_BINARY_DIR}/${name}.exports")
   file(CONFIGURE OUTPUT "${exports}" CONTENT "${lines}\n")
@@ -28,6 +25,10 @@ function(add_web_module name)
     -sSTRICT=1 -sASSERTIONS=0 -sFILESYSTEM=0 -sSUPPORT_LONGJMP=0
     -sINCOMING_MODULE_JS_API=wasmBinary,locateFile
     "-sEXPORTED_FUNCTIONS=@${exports}")
+  # What type checks see of it, instead of reading it.
+  file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/bin/${name}.d.mts" CONTENT "\
+export default function createModule(options: { locateFile(name: string): string }): Promise<any>;
+")
   set_target_properties(${program} PROPERTIES
     OUTPUT_NAME ${name} SUFFIX .mjs LINK_DEPENDS "${exports}"
     RULE_LAUNCH_LINK "\"${CMAKE_COMMAND}\" -E env NODE_PATH=${node_modules} ")
