@@ -44,8 +44,8 @@ EM_JS(void, zav_name_picture, (int component, const char* path, int size, int pi
 // Gives a buffer that the caller frees, the size of what it holds in *answerSize; null when the
 // page could not even say what went wrong.
 EM_JS(unsigned char*, zav_invoke_page, (int object, const char* member, int memberSize,
-                                        const unsigned char* arguments, int size, int isPut, int* answerSize), {
-  try { return Module.page.invoke(object, member, memberSize, arguments, size, isPut, answerSize); } catch (e) { Module.page.failed(e); return 0; }
+                                        const unsigned char* values, int size, int isPut, int* answerSize), {
+  try { return Module.page.invoke(object, member, memberSize, values, size, isPut, answerSize); } catch (e) { Module.page.failed(e); return 0; }
 });
 EM_JS(void, zav_release_object, (int object), {
   try { Module.page.releaseObject(object); } catch (e) { Module.page.failed(e); }
