@@ -152,6 +152,11 @@ export class ZavDragDropElement extends HTMLElement {
     return responsesIn(this.state);
   }
 
+  /** Whether the candidate has seen the whole item; unlike the status it asks nobody to scroll. */
+  get viewedAll() {
+    return sawAll(this.state);
+  }
+
   /** The state snapshot as text. Storing it shows what it says. */
   get state() {
     return this.#component ? this.#readState() : '';

@@ -133,6 +133,11 @@ export class ZavDragDropElement extends HTMLElement {
   readonly hostWindow: number;
   /** The responses in the state, such as A3. */
   readonly responses: string[];
+  /**
+   * The candidate has seen the whole item. GetExternalDisplayStatus tells it too, and tells the
+   * candidate to scroll where it is not so.
+   */
+  readonly viewedAll: boolean;
   /** The state snapshot as text; storing it shows what it says. */
   state: string;
 
