@@ -48,7 +48,7 @@ const base = `
 .surface > img { max-width: none; }
 .lifted { touch-action: none; will-change: transform; }
 .scroller { position: absolute; inset: 0; overflow: auto; overscroll-behavior: contain; }
-.content { position: relative; overflow: hidden; }
+.content { position: relative; overflow: hidden; min-width: 100%; min-height: 100%; }
 .bar { position: absolute; left: 0; top: 0; background: #eef0f2; touch-action: none; }
 .bar:hover, .bar:focus-visible, .bar.dragged { background: #d5dde4; outline: none; }
 .bar.dragged { z-index: 2147483647; }
@@ -72,6 +72,8 @@ const base = `
 const page = `
 :host { user-select: none; -webkit-user-select: none; }
 .page { box-sizing: border-box; overflow-wrap: break-word; }
+.page > * { height: 100%; box-sizing: border-box; }
+.page td:has(> button) { white-space: nowrap; }
 .page p { margin: 0 0 .7em; }
 .page button { font: inherit; color: #1d2b36; cursor: pointer; padding: 0; box-sizing: border-box;
   border: 1px solid #8a9aa6; border-radius: 4px; background: linear-gradient(#fdfefe, #e3e9ee); }
