@@ -7,12 +7,18 @@ import { prettyXml } from './xml.js';
 
 const KEY = 0;
 const RESPONSES = 1;
-/** @type {Record<number, [string, string]>} */
+
+/** @typedef {{text: string, look: string}} Badge */
+const NO_RESPONSE = 2;
+/** @type {Record<number, Badge>} */
 const STATUS = {
-  2: ['Not answered', ''],
-  3: ['Partly answered', 'partly'],
-  100: ['Answered', 'good'],
+  [NO_RESPONSE]: { text: 'Not answered', look: '' },
+  3: { text: 'Partly answered', look: 'partly' },
+  100: { text: 'Answered', look: 'good' },
 };
+const BEGUN = { text: 'Begun', look: 'partly' };
+const ALL_SEEN = { text: 'All seen', look: 'good' };
+const NOT_ALL_SEEN = { text: 'Not all seen', look: '' };
 
 /** @param {string} text UTF-16LE, as the item interface takes it */
 function toBytes(text) {
@@ -38,6 +44,8 @@ export class HostView {
   #messages = new Entries('messages', 'message-count', 'No messages.');
   #log = new Entries('log', 'log-count', 'Nothing was logged.');
   #isLive = byId('live', HTMLInputElement);
+  /** What is shown, without the blanks that make it readable. */
+  #texts = new Map();
   /** @type {ReturnType<typeof setTimeout> | undefined} */
   #pending;
 
@@ -63,8 +71,8 @@ export class HostView {
     this.#messages.clear();
     this.#log.clear();
     this.#showScore(undefined);
-    for (const id of ['state', 'key-record', 'response-record', 'rescored']) write(id, '');
-    for (const id of ['status', 'viewed', 'status-message']) write(id, '');
+    for (const id of ['state', 'key-record', 'response-record']) this.#showXml(id, '');
+    for (const id of ['status', 'viewed', 'status-message', 'rescored']) write(id, '');
     this.#showResponses([]);
   }
 
@@ -73,9 +81,9 @@ export class HostView {
     this.#pending = undefined;
     this.#attempt(() => this.#showResponses(this.#element.responses));
     this.#attempt(() => this.#showStatus());
-    this.#attempt(() => write('state', prettyXml(this.#element.state)));
-    this.#attempt(() => write('key-record', prettyXml(readRecord(this.#element, KEY))));
-    this.#attempt(() => write('response-record', prettyXml(readRecord(this.#element, RESPONSES))));
+    this.#attempt(() => this.#showXml('state', this.#element.state));
+    this.#attempt(() => this.#showXml('key-record', readRecord(this.#element, KEY)));
+    this.#attempt(() => this.#showXml('response-record', readRecord(this.#element, RESPONSES)));
     if (this.#isLive.checked) this.#score();
   }
 
@@ -85,6 +93,9 @@ export class HostView {
   }
 
   #listen() {
+    byId('ask', HTMLButtonElement).addEventListener('click', () => {
+      this.#attempt(() => this.#askForStatus());
+    });
     byId('score', HTMLButtonElement).addEventListener('click', () => this.#score());
     this.#isLive.addEventListener('change', () => this.refresh());
     onSubmit('put-back', () => this.#putBack(byId('state-text', HTMLTextAreaElement).value));
@@ -112,13 +123,28 @@ export class HostView {
     byId('responses', HTMLUListElement).replaceChildren(...(chips.length ? chips : [none]));
   }
 
+  /** @param {string} id @param {string} xml */
+  #showXml(id, xml) {
+    this.#texts.set(id, xml);
+    write(id, prettyXml(xml));
+  }
+
+  /**
+   * A host that asks for the status of an item that was not seen to its end has it tell the candidate
+   * to scroll. So this asks of itself only where nobody would be told.
+   */
   #showStatus() {
+    if (this.#element.viewedAll) return this.#askForStatus();
+    const isBegun = this.#element.responses.length > 0;
+    showBadge('status', isBegun ? BEGUN : STATUS[NO_RESPONSE]);
+    showBadge('viewed', NOT_ALL_SEEN);
+    write('status-message', '');
+  }
+
+  #askForStatus() {
     const { lDispState, bViewedAll, sStateMsg } = this.#element.GetExternalDisplayStatus();
-    const [text, look] = STATUS[lDispState] ?? [`State ${lDispState}`, ''];
-    write('status', text).className = `badge ${look}`;
-    write('viewed', bViewedAll ? 'All seen' : 'Not all seen').className = `badge ${
-      bViewedAll ? 'good' : ''
-    }`;
+    showBadge('status', STATUS[lDispState] ?? { text: `State ${lDispState}`, look: '' });
+    showBadge('viewed', bViewedAll ? ALL_SEEN : NOT_ALL_SEEN);
     write('status-message', sStateMsg);
   }
 
@@ -130,7 +156,7 @@ export class HostView {
   #showScore(score) {
     const info = score && this.#element.GetScoreInfo();
     write('raw', score ? number(score.fRawScore) : '–');
-    const least = info?.fMinScore ? `, ${number(info.fMinScore)} at least` : '';
+    const least = info?.fMinScore ? `, least ${number(info.fMinScore)}` : '';
     write('range', info ? ` of ${number(info.fMaxScore)}${least}` : '');
     byId('counts', HTMLDListElement).replaceChildren(...counts(score));
   }
@@ -149,7 +175,7 @@ export class HostView {
     this.#attempt(() => {
       const score = this.#element.RescoreExternalDisplay(toBytes(record));
       write('rescored', score.result ? `Worth ${number(score.fRawScore)}` : 'Was refused');
-      this.#element.state = this.#element.state; // shows what the item took over
+      if (score.result) this.#element.state = this.#element.state; // shows what it took over
     });
     this.refresh();
   }
@@ -157,9 +183,8 @@ export class HostView {
   /** @param {HTMLElement} button */
   async #copy(button) {
     const { copy = '' } = button.dataset;
-    const text = copy === 'state' ? this.#element.state : byId(copy, HTMLPreElement).textContent;
     try {
-      await navigator.clipboard.writeText(text ?? '');
+      await navigator.clipboard.writeText(this.#texts.get(copy) ?? '');
       button.textContent = 'Copied';
     } catch {
       getSelection()?.selectAllChildren(byId(copy, HTMLPreElement));
@@ -174,6 +199,11 @@ function write(id, text) {
   const element = byId(id, HTMLElement);
   element.textContent = text;
   return element;
+}
+
+/** @param {string} id @param {Badge} badge */
+function showBadge(id, { text, look }) {
+  write(id, text).className = `badge ${look}`;
 }
 
 /** @param {string} id @param {() => void} action */
