@@ -6,8 +6,9 @@ namespace zav {
 
 void ScrollFrame::ScrollTo(float x, float y) {
   if (!Hears()) return;
-  const float newX = std::clamp(x, 0.0F, std::max(0.0F, scrollWidth_ - width()));
-  const float newY = std::clamp(y, 0.0F, std::max(0.0F, scrollHeight_ - height()));
+  const Size most = MostScrolled();
+  const float newX = std::clamp(x, 0.0F, most.width);
+  const float newY = std::clamp(y, 0.0F, most.height);
   const bool movedX = newX != scrollX_;
   const bool movedY = newY != scrollY_;
   host().RunEvent([&] {
@@ -16,6 +17,15 @@ void ScrollFrame::ScrollTo(float x, float y) {
     if (movedX && onHorizontalScroll) onHorizontalScroll();
     if (movedY && onVerticalScroll) onVerticalScroll();
   });
+}
+
+// Each bar takes room from what the other one scrolls.
+Size ScrollFrame::MostScrolled() const {
+  const TwipsPerPixel twips = host().twipsPerPixel();
+  const bool isWider = scrollWidth_ > width();
+  const bool isHigher = scrollHeight_ > height();
+  return {isWider ? scrollWidth_ - width() + (isHigher ? kScrollBarPixels * twips.x : 0) : 0,
+          isHigher ? scrollHeight_ - height() + (isWider ? kScrollBarPixels * twips.y : 0) : 0};
 }
 
 bool ScrollFrame::IsInFrame(const Control& child) const {

@@ -28,8 +28,9 @@ class ScrollFrame : public Control {
   void SetScrollX(float x) { Set(scrollX_, x, change::kContent); }
   void SetScrollY(float y) { Set(scrollY_, y, change::kContent); }
 
-  // The candidate scrolls: the values are kept within what can be scrolled, and the events of the
-  // axes that moved are raised, horizontal first. Called by the platform.
+  // The candidate scrolls: the values are kept within what can be scrolled, up to where the end of
+  // what is scrolled stands beside the bars, and the events of the axes that moved are raised,
+  // horizontal first. Called by the platform.
   void ScrollTo(float x, float y);
 
   void KeepInFrame(const Control& child) { framed_.push_back(&child); }
@@ -40,6 +41,8 @@ class ScrollFrame : public Control {
   std::function<void()> onVerticalScroll;
 
  private:
+  [[nodiscard]] Size MostScrolled() const;
+
   float scrollWidth_ = 0;
   float scrollHeight_ = 0;
   float scrollX_ = 0;

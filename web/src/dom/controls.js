@@ -25,7 +25,8 @@ const CURSORS = { 0: '', 1: 'default', 12: 'no-drop' };
 const CURSOR_HOT_SPOT = 16;
 
 /** Values of CaptionAlignment and LabelAlignment. */
-const CAPTION_ALIGNMENT = ['left', 'right', , , , , , 'center'];
+/** @type {Record<number, string>} */
+const CAPTION_ALIGNMENT = { 0: 'left', 1: 'right', 7: 'center' };
 const LABEL_ALIGNMENT = ['left', 'right', 'center'];
 
 /**
@@ -340,6 +341,8 @@ export class RichTextView extends ControlView {
 }
 
 export class ScrollFrameView extends ControlView {
+  /** The size of what is scrolled. */
+  #whole = { width: 0, height: 0 };
   /** The offsets that the component knows. */
   x = 0;
   y = 0;
@@ -373,10 +376,24 @@ export class ScrollFrameView extends ControlView {
    * @param {number} y
    */
   show(width, height, x, y) {
+    this.#whole = { width, height };
     this.content.style.width = `${width}px`;
     this.content.style.height = `${height}px`;
+    this.#showBars();
     if (x !== this.x) this.scroller.scrollLeft = this.x = x;
     if (y !== this.y) this.scroller.scrollTop = this.y = y;
+  }
+
+  /** @override */
+  resized() {
+    this.#showBars();
+  }
+
+  // The room that one bar takes is no reason to show the other one.
+  #showBars() {
+    const { style } = this.scroller;
+    style.overflowX = this.#whole.width > this.width ? 'scroll' : 'hidden';
+    style.overflowY = this.#whole.height > this.height ? 'scroll' : 'hidden';
   }
 
   /** Takes over where the candidate scrolled to; whether that is elsewhere than before. */

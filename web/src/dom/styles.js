@@ -47,7 +47,13 @@ const base = `
 .surface > img, .surface > canvas { position: absolute; left: 0; top: 0; pointer-events: none; }
 .surface > img { max-width: none; }
 .lifted { touch-action: none; will-change: transform; }
-.scroller { position: absolute; inset: 0; overflow: auto; overscroll-behavior: contain; }
+.scroller { position: absolute; inset: 0; overscroll-behavior: contain; }
+.scroller::-webkit-scrollbar, .pane::-webkit-scrollbar { width: 15px; height: 15px; background: #eef0f2; }
+.scroller::-webkit-scrollbar-corner { background: #eef0f2; }
+.scroller::-webkit-scrollbar-thumb, .pane::-webkit-scrollbar-thumb {
+  background: #b4bbc2 content-box; border: 4px solid transparent; border-radius: 8px; min-height: 28px; min-width: 28px;
+}
+.scroller::-webkit-scrollbar-thumb:hover, .pane::-webkit-scrollbar-thumb:hover { background-color: #8f989f; }
 .content { position: relative; overflow: hidden; min-width: 100%; min-height: 100%; }
 .bar { position: absolute; left: 0; top: 0; background: #eef0f2; touch-action: none; }
 .bar:hover, .bar:focus-visible, .bar.dragged { background: #d5dde4; outline: none; }
