@@ -111,7 +111,8 @@ async function load() {
   const { ready } = element;
   try {
     await ready;
-    if (ready === element.ready) hostView.refresh();
+    // An item without a state was not taken; the log says why.
+    if (ready === element.ready && element.state) hostView.refresh();
   } catch (error) {
     if (ready === element.ready) tell(/** @type {Error} */ (error).message);
   }
