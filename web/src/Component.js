@@ -63,9 +63,7 @@ export class Component {
    */
   addPicture(path, image) {
     const isPicture = image !== null && image.naturalWidth > 0 && image.naturalHeight > 0;
-    const picture = isPicture
-      ? this.view.pictures.add(image)
-      : { number: 0, width: 0, height: 0 };
+    const picture = isPicture ? this.view.pictures.add(image) : { number: 0, width: 0, height: 0 };
     this.view.pictures.name(path, picture.number);
     this.#runtime.exports.addPicture(this.#number, path, picture);
   }

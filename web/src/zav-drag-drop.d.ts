@@ -150,11 +150,7 @@ export class ZavDragDropElement extends HTMLElement {
   set ExternalSupport(support: Support | undefined);
   hwnd(): number;
   SetParentWnd(hParentWnd: number): number;
-  InitExternalDisplay(
-    arInit: Uint8Array,
-    lInitBytes?: number,
-    lOptions?: number,
-  ): Promise<boolean>;
+  InitExternalDisplay(arInit: Uint8Array, lInitBytes?: number, lOptions?: number): Promise<boolean>;
   ShowExternalDisplay(lLeft: number, lTop: number, lWidth: number, lHeight: number): boolean;
   ResizeExternalDisplay(lLeft: number, lTop: number, lWidth: number, lHeight: number): boolean;
   HideExternalDisplay(): boolean;

@@ -53,7 +53,11 @@ export class PointerTracker {
     this.#view.readScrolling();
     if (this.#captured && this.#captured.pointer !== event.pointerId) return; // a second finger
     this.#rect = undefined;
-    if (control.takesFocus) control.element.focus({ preventScroll: true });
+    if (control.takesFocus) {
+      control.element.focus(
+        /** @type {FocusOptions} */ ({ preventScroll: true, focusVisible: false }),
+      );
+    }
     control.element.setPointerCapture(event.pointerId);
     this.#captured = { pointer: event.pointerId, control };
     this.#tell(PointerAct.press, control.id, event);

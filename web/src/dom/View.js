@@ -1,6 +1,6 @@
 /**
  * The DOM as the window system of one item: shows what the component presents, answers its measures,
- * and tells it what the candidate does.
+ * and tells it what the candidate does. It is the view that Runtime.js asks for.
  */
 import { ChangeReader } from './ChangeReader.js';
 import { KeyTracker } from './KeyTracker.js';
@@ -19,7 +19,6 @@ function makeLayer(className) {
   return layer;
 }
 
-/** @implements {import('../runtime/Runtime.js').View} */
 export class View {
   pictures = new Pictures();
   /** Where windows stand; places are counted from its corner. */

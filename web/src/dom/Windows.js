@@ -82,8 +82,7 @@ export class Windows {
    */
   #frameForm(form, onClosed, onFocused) {
     const { left, top, width, height } = form;
-    form.element.style.transform = '';
-    return new FloatingWindow(this.#layer, {
+    const frame = new FloatingWindow(this.#layer, {
       title: form.caption,
       content: form.element,
       left,
@@ -93,6 +92,8 @@ export class Windows {
       onClosed,
       onFocused,
     });
+    form.standIn(frame);
+    return frame;
   }
 
   dispose() {

@@ -174,6 +174,27 @@ export class FormView extends ControlView {
     this.window = 0;
     this.closable = false;
     this.caption = '';
+    /** @type {import('./FloatingWindow.js').FloatingWindow | undefined} */
+    this.frame = undefined;
+  }
+
+  /**
+   * Stands in the frame of a window from now on, which has the place that the form had.
+   * @param {import('./FloatingWindow.js').FloatingWindow} frame
+   */
+  standIn(frame) {
+    this.frame = frame;
+    this.element.classList.add('framed');
+    this.element.style.transform = '';
+  }
+
+  /** @override @param {number} left @param {number} top @param {number} width @param {number} height */
+  place(left, top, width, height) {
+    super.place(left, top, width, height);
+    if (!this.frame) return;
+    this.element.style.transform = '';
+    this.frame.moveTo(left, top);
+    this.frame.resize(width, height);
   }
 }
 

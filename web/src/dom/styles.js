@@ -27,6 +27,7 @@ const base = `
 .control:focus { outline: none; }
 .control:focus-visible { outline: 3px solid var(--accent); outline-offset: -3px; border-radius: 3px; }
 .form { background: #fff; }
+.form.framed { position: relative; }
 .button { touch-action: none; }
 .button > img, .face > img {
   position: absolute; inset: 0; width: 100%; height: 100%;
@@ -46,7 +47,10 @@ const base = `
 .label { white-space: pre-wrap; }
 .surface > img, .surface > canvas { position: absolute; left: 0; top: 0; pointer-events: none; }
 .surface > img { max-width: none; }
-.lifted { touch-action: none; will-change: transform; }
+.lifted {
+  touch-action: none; will-change: transform;
+  box-shadow: 0 0 0 1px #5b6b78, 0 6px 16px #0005;
+}
 .scroller { position: absolute; inset: 0; overscroll-behavior: contain; }
 .scroller::-webkit-scrollbar, .pane::-webkit-scrollbar { width: 15px; height: 15px; background: #eef0f2; }
 .scroller::-webkit-scrollbar-corner { background: #eef0f2; }

@@ -222,7 +222,9 @@ export class PageObjects {
   /** @param {any} error */
   #describe(error) {
     const writer = new VariantWriter(this);
-    writer.writeNumber(Number.isInteger(error?.number) && error.number ? error.number : INTERNAL_ERROR);
+    writer.writeNumber(
+      Number.isInteger(error?.number) && error.number ? error.number : INTERNAL_ERROR,
+    );
     writer.writeText(String(error?.source ?? ''));
     writer.writeText(String(error?.message ?? error));
     return writer.bytes();

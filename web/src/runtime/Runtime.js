@@ -105,9 +105,7 @@ export class Exports {
    * @param {number} factory
    */
   registerClass(number, progId, factory) {
-    this.#with([progId], (at, size) =>
-      this.#module._zav_register_class(number, at, size, factory),
-    );
+    this.#with([progId], (at, size) => this.#module._zav_register_class(number, at, size, factory));
   }
 
   /**
@@ -149,7 +147,9 @@ export class Exports {
    * @param {(...places: number[]) => number} call
    */
   #with(values, call) {
-    const bytes = values.map((value) => (typeof value === 'string' ? encoder.encode(value) : value));
+    const bytes = values.map((value) =>
+      typeof value === 'string' ? encoder.encode(value) : value,
+    );
     const whole = bytes.reduce((sum, each) => sum + each.length, 0);
     const start = this.#module._malloc(whole + 1);
     if (!start) throw new Error('ZavDragDrop has run out of memory');
@@ -252,7 +252,8 @@ export class Runtime {
       present: (number, at, count, texts, size) =>
         view(number).present(words(at, count), module.HEAPU8.subarray(texts, texts + size)),
       /** @type {(number: number, at: number, count: number) => void} */
-      arrangeWindows: (number, at, count) => this.#views.get(number)?.arrangeWindows(words(at, count)),
+      arrangeWindows: (number, at, count) =>
+        this.#views.get(number)?.arrangeWindows(words(at, count)),
       /** @type {(...values: number[]) => number} */
       richTextHeight: (number, isHtml, at, size, points, style, font, fontSize, width) =>
         view(number).richTextHeight(
