@@ -33,7 +33,7 @@ const TOO_DEEP = '*>'.repeat(100) + '*';
  * @returns {FilteredPage}
  */
 export function filterPage(html, pictureUrl) {
-  const { markup, styleText } = { markup: html, styleText: '' };
+  const { markup, styleText } = rewriteTags(html);
   // Not attached to any window: nothing in it loads.
   const body = /** @type {unknown} */ (purifier().sanitize(markup.trim()));
   const styles = new StyleFilter(pictureUrl);
