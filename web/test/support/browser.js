@@ -55,32 +55,3 @@ export async function openPage(browser, url, options) {
   await page.goto(url);
   return { page, record };
 }
-
-/**
- * A page that can load the modules of this package one by one, under a strict content security policy.
- * @param {Record<string, string>} imports urls by the names that the modules import
- * @param {Record<string, string>} directives more of the policy
- * @returns {Promise<{html: string, policy: string}>}
- */
-export async function modulePage(imports = {}, directives = {}) {
-  const map = JSON.stringify({ imports });
-  const digest = await crypto.subtle.digest('SHA-256', new TextEncoder().encode(map));
-  const policy = {
-    'default-src': "'none'",
-    // The map is the only script that stands in the page itself.
-    'script-src': `'self' 'sha256-${Buffer.from(digest).toString('base64')}'`,
-    'style-src': "'self'",
-    'img-src': "'self'",
-    'connect-src': "'self'",
-    'require-trusted-types-for': "'script'",
-    'trusted-types': 'dompurify',
-    ...directives,
-  };
-  return {
-    html: `<!doctype html><html lang="en"><head><meta charset="utf-8"><title>Test</title>
-<script type="importmap">${map}</script></head><body></body></html>`,
-    policy: Object.entries(policy)
-      .map(([name, value]) => `${name} ${value}`)
-      .join('; '),
-  };
-}
