@@ -2,7 +2,7 @@
  * HTML of an item: pages in panes, and rich text. Whatever comes from an item passes the filter, and
  * lives in a shadow root of its own. Measures are CSS pixels.
  */
-import { filterPage } from './HtmlFilter.js';
+import { FilteredPages } from './FilteredPages.js';
 import { applyFont } from './fonts.js';
 import { pageStyles } from './styles.js';
 
@@ -13,6 +13,8 @@ import { pageStyles } from './styles.js';
  * @property {import('./fonts.js').Font} font
  */
 
+const filtered = new FilteredPages();
+
 /**
  * Shows filtered HTML in an element, which has its own shadow root from then on.
  * @param {HTMLElement} host
@@ -22,7 +24,7 @@ import { pageStyles } from './styles.js';
  */
 function showHtml(host, html, pictures) {
   const root = host.shadowRoot ?? host.attachShadow({ mode: 'open' });
-  const { content, sheet } = filterPage(html, (name) => pictures.urlAt(name));
+  const { content, sheet } = filtered.take(html, (name) => pictures.urlAt(name));
   root.adoptedStyleSheets = sheet ? [pageStyles(), sheet] : [pageStyles()];
   const page = document.createElement('div');
   page.className = 'page';
@@ -50,7 +52,6 @@ class Pane {
   load(html, pictures) {
     this.#page = showHtml(this.element, html, pictures);
     this.#heights.clear();
-    this.element.scrollTop = 0;
     this.#applyMargin();
   }
 

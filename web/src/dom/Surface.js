@@ -30,6 +30,7 @@ export class Surface {
   #shapes = [];
   #width = 0;
   #height = 0;
+  #isDue = false;
   #element;
   #pictures;
 
@@ -50,7 +51,7 @@ export class Surface {
     if (width === this.#width && height === this.#height) return;
     this.#width = width;
     this.#height = height;
-    this.#draw();
+    this.redraw();
   }
 
   /**
@@ -63,12 +64,17 @@ export class Surface {
     const placed = under.map((shape) => ({ picture: shape.picture, x: shape.x1, y: shape.y1 }));
     this.#showBackgrounds(picture ? [{ picture, x: 0, y: 0 }, ...placed] : placed);
     this.#shapes = shapes.slice(under.length);
-    this.#draw();
+    this.redraw();
   }
 
-  /** The screen's resolution changed. */
+  /** Draws once before the next frame, however often something changes until then. */
   redraw() {
-    this.#draw();
+    if (this.#isDue) return;
+    this.#isDue = true;
+    requestAnimationFrame(() => {
+      this.#isDue = false;
+      this.#draw();
+    });
   }
 
   /** @param {{picture: number, x: number, y: number}[]} pictures */

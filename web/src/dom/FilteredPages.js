@@ -1,0 +1,69 @@
+/**
+ * Pages that have passed the filter, for as long as they are likely to come again: the frame around
+ * an item is the same in every item, and filtering takes longer than copying.
+ */
+import { filterPage } from './HtmlFilter.js';
+
+const MOST_PAGES = 64;
+const MOST_CHARACTERS = 20_000;
+
+/**
+ * @typedef {(name: string) => string | null} PictureUrl
+ * @typedef {{content: DocumentFragment, sheet: CSSStyleSheet | null, urls: Map<string, string | null>}}
+ *   KeptPage urls: what was answered for the pictures that the page names
+ */
+
+export class FilteredPages {
+  /** @type {Map<string, KeptPage>} the page used longest ago first */
+  #kept = new Map();
+
+  /**
+   * The page, filtered; its content is the caller's.
+   * @param {string} html
+   * @param {PictureUrl} pictureUrl
+   * @returns {{content: Node, sheet: CSSStyleSheet | null}}
+   */
+  take(html, pictureUrl) {
+    const known = this.#kept.get(html);
+    const page = known && isCurrent(known, pictureUrl) ? known : filter(html, pictureUrl);
+    this.#keep(html, page);
+    return { content: page.content.cloneNode(true), sheet: page.sheet };
+  }
+
+  /**
+   * @param {string} html
+   * @param {KeptPage} page
+   */
+  #keep(html, page) {
+    if (html.length > MOST_CHARACTERS) return;
+    this.#kept.delete(html);
+    this.#kept.set(html, page);
+    if (this.#kept.size <= MOST_PAGES) return;
+    const [oldest] = this.#kept.keys();
+    this.#kept.delete(oldest);
+  }
+}
+
+/**
+ * @param {KeptPage} page
+ * @param {PictureUrl} pictureUrl
+ */
+function isCurrent(page, pictureUrl) {
+  return [...page.urls].every(([name, url]) => pictureUrl(name) === url);
+}
+
+/**
+ * @param {string} html
+ * @param {PictureUrl} pictureUrl
+ * @returns {KeptPage}
+ */
+function filter(html, pictureUrl) {
+  /** @type {Map<string, string | null>} */
+  const urls = new Map();
+  const page = filterPage(html, (name) => {
+    const url = pictureUrl(name);
+    urls.set(name, url);
+    return url;
+  });
+  return { ...page, urls };
+}
