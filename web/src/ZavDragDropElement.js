@@ -5,6 +5,7 @@ import { bringFiles } from './host/ItemFiles.js';
 import { responsesIn, sawAll } from './host/ItemState.js';
 import { decodeFile, toBytes, toText, withLanguage } from './host/ItemXml.js';
 import { Runtime } from './runtime/Runtime.js';
+import { warmUp } from './warmUp.js';
 
 const TWIPS_PER_PIXEL = 15;
 const WASM = new URL('./zav-drag-drop.wasm', import.meta.url);
@@ -13,6 +14,9 @@ const ARTWORK = new URL('./artwork/', import.meta.url);
 const OPTION_WORDS = { 'read-only': 0x1, 'show-answers': 0x10, calculator: 0x100 };
 const COUNTS = ['nCorrect', 'nIncorrect', 'nNotAttempted', 'nNotScored', 'fRawScore'];
 const NO_COUNTS = [0, 0, 0, 0, 0];
+
+/** @type {Promise<void> | undefined} */
+let prepared;
 
 /**
  * What the options of an element say, as the component takes them.
@@ -59,6 +63,16 @@ const named = (names, values) => Object.fromEntries(names.map((name, i) => [name
  */
 export class ZavDragDropElement extends HTMLElement {
   static observedAttributes = ['src', 'language', 'options'];
+
+  /**
+   * Loads the module and runs its code once, so that the first item comes up as fast as any other.
+   * For a host that has time before it shows one; nobody has to call it.
+   */
+  static prepare() {
+    prepared ??= Runtime.load(WASM).then((runtime) => warmUp(runtime, ARTWORK));
+    prepared.catch(() => (prepared = undefined));
+    return prepared;
+  }
 
   /**
    * The page's own parent object; every member may be left out. What LogError is told comes as an

@@ -125,6 +125,12 @@ export interface ZavDragDropEventMap {
  * Places and sizes are twips, 15 to a pixel; byte arrays hold UTF-16LE text.
  */
 export class ZavDragDropElement extends HTMLElement {
+  /**
+   * Loads the module and runs its code once, so that the first item comes up as fast as any other.
+   * For a host that has time before it shows one; nobody has to call it.
+   */
+  static prepare(): Promise<void>;
+
   parent: Parent | undefined;
   support: Support | undefined;
   /** The item of `src` is loaded and shown; rejected when it could not be had. */

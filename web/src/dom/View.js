@@ -98,6 +98,17 @@ export class View {
   }
 
   /**
+   * The number of a control by its element's id; 0 when there is none.
+   * @param {string} elementId
+   */
+  controlNamed(elementId) {
+    for (const [id, { element }] of this.#controls) {
+      if (element.id === elementId) return id;
+    }
+    return 0;
+  }
+
+  /**
    * @param {number} id
    * @param {number} kind
    * @param {number} container

@@ -32,8 +32,9 @@ export class Question {
  */
 
 export class VariantWriter {
-  /** @type {number[]} */
-  #bytes = [];
+  #buffer = new Uint8Array(256);
+  #view = new DataView(this.#buffer.buffer);
+  #length = 0;
   #objects;
 
   /** @param {ObjectNumbers} objects */
@@ -42,12 +43,13 @@ export class VariantWriter {
   }
 
   bytes() {
-    return Uint8Array.from(this.#bytes);
+    return this.#buffer.subarray(0, this.#length);
   }
 
   /** @param {number} number */
   writeNumber(number) {
-    this.#bytes.push(number & 255, (number >> 8) & 255, (number >> 16) & 255, (number >> 24) & 255);
+    const at = this.#extend(4);
+    this.#view.setInt32(at, number, true);
   }
 
   /** @param {string} text */
@@ -59,7 +61,7 @@ export class VariantWriter {
   write(value) {
     if (value === undefined) this.#tag(0);
     else if (value === null) this.#tag(7);
-    else if (typeof value === 'boolean') this.#bytes.push(1, value ? 1 : 0);
+    else if (typeof value === 'boolean') this.#tag(1).#tag(value ? 1 : 0);
     else if (typeof value === 'number') this.#writeJsNumber(value);
     else if (typeof value === 'string') this.#tag(6).writeText(value);
     else if (value instanceof Uint8Array) this.#tag(10).#writeBytes(value);
@@ -68,14 +70,16 @@ export class VariantWriter {
 
   /** @param {number} tag */
   #tag(tag) {
-    this.#bytes.push(tag);
+    const at = this.#extend(1);
+    this.#buffer[at] = tag;
     return this;
   }
 
   /** @param {Uint8Array} bytes */
   #writeBytes(bytes) {
     this.writeNumber(bytes.length);
-    for (const byte of bytes) this.#bytes.push(byte);
+    const at = this.#extend(bytes.length);
+    this.#buffer.set(bytes, at);
   }
 
   /** @param {number} value */
@@ -84,8 +88,24 @@ export class VariantWriter {
       this.#tag(3).writeNumber(value);
       return;
     }
-    this.#tag(5);
-    this.#bytes.push(...new Uint8Array(new Float64Array([value]).buffer));
+    const at = this.#tag(5).#extend(8);
+    this.#view.setFloat64(at, value, true);
+  }
+
+  /**
+   * Makes room for so many bytes, in a new buffer where need be, and gives where they begin.
+   * @param {number} count
+   */
+  #extend(count) {
+    const start = this.#length;
+    this.#length += count;
+    if (this.#length > this.#buffer.length) {
+      const larger = new Uint8Array(Math.max(this.#length, 2 * this.#buffer.length));
+      larger.set(this.#buffer);
+      this.#buffer = larger;
+      this.#view = new DataView(larger.buffer);
+    }
+    return start;
   }
 
   /** @param {object} value */
