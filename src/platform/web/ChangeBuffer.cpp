@@ -36,7 +36,7 @@ PixelSize TwipsOf(const Control& control) {
 }
 
 std::int32_t ColorOf(std::int32_t controlColor) {
-  constexpr std::int32_t kButtonFace = 0xE4E8EC;
+  constexpr std::int32_t kButtonFace = 0xB4BDC6;
   const auto color = static_cast<std::uint32_t>(controlColor);
   if (color > 0xFFFFFFU) return kButtonFace;
   return static_cast<std::int32_t>(((color & 0xFFU) << 16U) | (color & 0xFF00U) | (color >> 16U));
