@@ -71,11 +71,12 @@ void ChangeBuffer::Write(std::span<Control* const> changed, std::span<const Cont
     Put(static_cast<std::int32_t>(Change::Remove));
     Put(static_cast<std::int32_t>(id));
   }
+  std::set<ControlId> fresh;
   for (const Control* control : changed) {
-    if (announced_.count(control->id()) > 0) {
+    if (announced_.count(control->id()) == 0) {
+      Announce(*control, fresh);
+    } else if (fresh.count(control->id()) == 0) {
       Describe(*control, control->changes());
-    } else {
-      Announce(*control);
     }
   }
 }
@@ -83,12 +84,13 @@ void ChangeBuffer::Write(std::span<Control* const> changed, std::span<const Cont
 // A control comes into sight together with everything in it that is shown. The tree is a few levels
 // deep.
 // NOLINTNEXTLINE(misc-no-recursion)
-void ChangeBuffer::Announce(const Control& control) {
+void ChangeBuffer::Announce(const Control& control, std::set<ControlId>& fresh) {
   const Control* container = control.container();
   if (!control.visible() || (container != nullptr && announced_.count(container->id()) == 0)) {
     return;
   }
   if (!announced_.insert(control.id()).second) return;
+  fresh.insert(control.id());
   Begin(Change::Create, control);
   Put(static_cast<std::int32_t>(control.kind()));
   Put(container == nullptr ? 0 : static_cast<std::int32_t>(container->id()));
@@ -98,7 +100,7 @@ void ChangeBuffer::Announce(const Control& control) {
   Put(control.index());
   PutText(control.name());
   Describe(control, change::kAll);
-  for (const Control* child : control.children()) Announce(*child);
+  for (const Control* child : control.children()) Announce(*child, fresh);
 }
 
 // NOLINTNEXTLINE(misc-no-recursion)

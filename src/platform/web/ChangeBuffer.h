@@ -78,7 +78,8 @@ class ChangeBuffer {
   [[nodiscard]] std::string_view Texts() const { return texts_; }
 
  private:
-  void Announce(const Control& control);
+  // fresh: what was described in full in this call.
+  void Announce(const Control& control, std::set<ControlId>& fresh);
   void Describe(const Control& control, unsigned what);
   void DescribePlace(const Control& control);
   void DescribeLook(const Control& control);
