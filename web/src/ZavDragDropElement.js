@@ -1,4 +1,5 @@
 import { Component } from './Component.js';
+import { rootStyles } from './dom/styles.js';
 import { ParentObject } from './HostObjects.js';
 import { FolderSupport } from './host/FolderSupport.js';
 import { bringFiles } from './host/ItemFiles.js';
@@ -359,7 +360,21 @@ export class ZavDragDropElement extends HTMLElement {
       this.#reloading = false;
       return this.#loadFolder();
     });
-    this.#ready.catch((error) => console.error(`zav-drag-drop: ${error.message}`));
+    this.#ready.catch((error) => this.#showFailure(error));
+  }
+
+  // A message that the component shows says more.
+  /** @param {Error} error */
+  #showFailure(error) {
+    console.error(`zav-drag-drop: ${error.message}`);
+    if (this.#component) return;
+    const notice = document.createElement('p');
+    notice.className = 'notice';
+    notice.role = 'alert';
+    notice.textContent = `This question cannot be shown. ${error.message}`;
+    const shadow = /** @type {ShadowRoot} */ (this.shadowRoot);
+    shadow.adoptedStyleSheets = [rootStyles()];
+    shadow.replaceChildren(notice);
   }
 
   async #loadFolder() {
@@ -375,7 +390,9 @@ export class ZavDragDropElement extends HTMLElement {
     if (turn !== this.#turn) return;
     const bytes = toBytes(xml);
     const options = readOptions(this.getAttribute('options'));
-    if (!(await this.InitExternalDisplay(bytes, bytes.length, options))) return;
+    const initialised = await this.InitExternalDisplay(bytes, bytes.length, options);
+    if (this.#turn !== turn + 1) return; // something else came in between
+    if (!initialised) throw new Error(`${support.itemUrl}: the item could not be initialised`);
     this.#follows = true;
     this.#show('ShowExternalDisplay');
   }

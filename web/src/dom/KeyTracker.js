@@ -62,7 +62,9 @@ export class KeyTracker {
   /** @param {FocusEvent} event */
   #focusIn(event) {
     const control = controlOf(event);
-    if (control?.takesFocus) this.#view.focus(control.id);
+    if (!control?.takesFocus) return;
+    control.describe();
+    this.#view.focus(control.id);
   }
 
   /**

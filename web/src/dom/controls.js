@@ -114,6 +114,26 @@ export class ControlView {
 
   resized() {}
 
+  /** What it says to somebody who does not see it. */
+  text() {
+    return '';
+  }
+
+  /** A control that only covers others is called what they say. */
+  describe() {
+    const covered = [...(this.element.parentElement?.children ?? [])]
+      .map((sibling) => owners.get(sibling))
+      .filter((other) => other && other !== this && this.#covers(other));
+    const texts = covered.map((other) => other?.text()).filter(Boolean);
+    this.element.ariaLabel = texts.join(', ');
+  }
+
+  /** @param {ControlView} other */
+  #covers(other) {
+    const isThere = other.left === this.left && other.top === this.top;
+    return isThere && other.element.style.visibility !== 'hidden';
+  }
+
   /** @param {boolean} visible */
   setVisible(visible) {
     this.element.style.visibility = visible ? '' : 'hidden';
@@ -255,6 +275,14 @@ export class PictureButtonView extends ControlView {
     this.element.style.backgroundColor = this.#hasFace ? this.#backColor : '';
   }
 
+  /** @override */
+  text() {
+    const caption = this.#caption?.textContent;
+    if (caption) return caption;
+    const [name] = decodeURIComponent(this.#image?.src ?? '').split('/').at(-1)?.split('.') ?? [];
+    return name ?? '';
+  }
+
   /** @param {string} url */
   #showPicture(url) {
     if (!url) {
@@ -339,6 +367,12 @@ export class HtmlPaneView extends ControlView {
 
 export class RichTextView extends ControlView {
   #pages;
+
+  /** @override */
+  text() {
+    const { firstElementChild, textContent } = this.element;
+    return (firstElementChild?.shadowRoot?.textContent ?? textContent ?? '').trim();
+  }
 
   /** @param {Place} place */
   constructor(place) {

@@ -16,6 +16,7 @@ const base = `
   user-select: none; -webkit-user-select: none;
   --accent: #1a5f8a;
 }
+.notice { margin: 0; padding: 24px; font: 14px/1.5 system-ui, sans-serif; color: #8a1f11; background: #fff; }
 .layer { position: absolute; inset: 0; overflow: hidden; isolation: isolate; }
 .dialogs { pointer-events: none; z-index: 2; }
 .dialogs > * { pointer-events: auto; }
