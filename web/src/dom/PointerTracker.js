@@ -2,9 +2,8 @@
  * The candidate's pointer (mouse, pen or touch) on the controls.
  *
  * A press captures the pointer for the control under it. Where the element stands in the viewport is
- * measured when a press begins and when something may have moved it, never while it is dragged over:
- * the element's rectangle is kept. Before an event is told the component knows how far everything is
- * scrolled.
+ * measured at the first event of a frame, before anything has changed that would have to be laid out.
+ * Before an event is told the component knows how far everything is scrolled.
  */
 import { PointerAct } from '../runtime/Runtime.js';
 import { controlOf, HtmlPaneView, ScrollFrameView, SplitterView } from './controls.js';
@@ -14,7 +13,7 @@ const PRIMARY_BUTTON = 0;
 export class PointerTracker {
   /** @type {import('./View.js').View} */
   #view;
-  /** @type {DOMRect | undefined} of the layer, while nothing may have moved it */
+  /** @type {DOMRect | undefined} of the layer in this frame */
   #rect;
   #scale = 1;
   /** @type {{pointer: number, control: import('./controls.js').ControlView} | undefined} */
@@ -30,14 +29,10 @@ export class PointerTracker {
     layer.addEventListener('pointermove', (event) => this.#move(event), options);
     layer.addEventListener('pointerup', (event) => this.#release(event), options);
     layer.addEventListener('pointercancel', (event) => this.#cancel(event), options);
-    layer.addEventListener('lostpointercapture', (event) => this.#cancel(event), options);
+    layer.addEventListener('lostpointercapture', (event) => this.#loseCapture(event), options);
     layer.addEventListener('pointerleave', () => this.#leave(), options);
     layer.addEventListener('dragstart', (event) => event.preventDefault(), options);
     layer.addEventListener('contextmenu', (event) => this.#suppressMenu(event), options);
-    const forget = () => (this.#rect = undefined);
-    const passive = { ...options, capture: true, passive: true };
-    addEventListener('scroll', forget, passive);
-    addEventListener('resize', forget, passive);
   }
 
   dispose() {
@@ -52,14 +47,13 @@ export class PointerTracker {
     if (control instanceof ScrollFrameView) return;
     this.#view.readScrolling();
     if (this.#captured && this.#captured.pointer !== event.pointerId) return; // a second finger
-    this.#rect = undefined;
     if (control.takesFocus) {
       control.element.focus(
         /** @type {FocusOptions} */ ({ preventScroll: true, focusVisible: false }),
       );
     }
     control.element.setPointerCapture(event.pointerId);
-    this.#captured = { pointer: event.pointerId, control };
+    this.#capture({ pointer: event.pointerId, control });
     this.#tell(PointerAct.press, control.id, event);
   }
 
@@ -73,7 +67,7 @@ export class PointerTracker {
         return;
       }
       // The button went up where nobody told.
-      this.#captured = undefined;
+      this.#capture(undefined);
       this.#tell(PointerAct.loseRelease, 0, event);
     }
     if (event.buttons) return;
@@ -85,19 +79,38 @@ export class PointerTracker {
     if (!this.#captured || this.#captured.pointer !== event.pointerId) return;
     if (event.button !== PRIMARY_BUTTON) return;
     const { control } = this.#captured;
-    this.#captured = undefined;
+    this.#capture(undefined);
     this.#view.readScrolling();
+    // A fast hand is where no move has told of.
+    this.#tell(PointerAct.move, control.id, event);
     this.#tell(PointerAct.release, control.id, event);
     if (this.#isOver(control, event)) this.#tell(PointerAct.click, control.id, event);
     this.#view.acted();
   }
 
+  /**
+   * Some browsers let go of the pointer when another of its buttons goes up.
+   * @param {PointerEvent} event
+   */
+  #loseCapture(event) {
+    if (this.#captured?.pointer !== event.pointerId) return;
+    const { element } = this.#captured.control;
+    if (event.buttons & 1 && element.isConnected) element.setPointerCapture(event.pointerId);
+    else this.#cancel(event);
+  }
+
   /** @param {PointerEvent} event */
   #cancel(event) {
     if (!this.#captured || this.#captured.pointer !== event.pointerId) return;
-    this.#captured = undefined;
+    this.#capture(undefined);
     this.#tell(PointerAct.cancel, 0, event);
     this.#view.acted();
+  }
+
+  /** @param {{pointer: number, control: import('./controls.js').ControlView} | undefined} captured */
+  #capture(captured) {
+    this.#captured = captured;
+    this.#view.layer.classList.toggle('pressed', captured !== undefined);
   }
 
   #leave() {
@@ -142,6 +155,7 @@ export class PointerTracker {
     const { layer } = this.#view;
     const rect = layer.getBoundingClientRect();
     this.#scale = rect.width / layer.offsetWidth || 1;
+    requestAnimationFrame(() => (this.#rect = undefined));
     return rect;
   }
 }

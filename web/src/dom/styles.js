@@ -52,6 +52,10 @@ const base = `
   touch-action: none; will-change: transform;
   box-shadow: 0 0 0 1px #5b6b78, 0 6px 16px #0005;
 }
+/* The wheel turns what lies under the dragged item. */
+.pressed .lifted { pointer-events: none; }
+/* A prompt to scroll is not in the way of the wheel. */
+.frame > .button { pointer-events: none; }
 .scroller { position: absolute; inset: 0; overscroll-behavior: contain; }
 .scroller::-webkit-scrollbar, .pane::-webkit-scrollbar { width: 15px; height: 15px; background: #eef0f2; }
 .scroller::-webkit-scrollbar-corner { background: #eef0f2; }
