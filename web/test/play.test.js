@@ -6,8 +6,9 @@
 import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
 
-import { launchBrowser, openPage } from './support/browser.js';
-import { Candidate, countTimers } from './support/candidate.js';
+import { launchBrowser } from './support/browser.js';
+import { Candidate } from './support/candidate.js';
+import { openExam } from './support/exam.js';
 import { serveSite } from './support/site.js';
 import { playNatively } from './support/transcript.js';
 
@@ -61,7 +62,8 @@ class Play {
       await host.evaluate((h) => h.answerMessages());
       await host.evaluate((h, args) => h.initialise(...args), [folder, sum]);
     }
-    const candidate = await Candidate.at(page, `${folder}item.xml`);
+    const element = await host.evaluateHandle((h) => h.element);
+    const candidate = await Candidate.of(page, element, `${folder}item.xml`);
     return new Play(page, host, candidate, hostKind);
   }
 
@@ -192,9 +194,7 @@ for (const { item, script, options, host } of PLAYS) {
     const flags = options.map((option) => `--${option}`);
     const steps = await playNatively(item, script, flags);
     const viewport = { width: 1920, height: 1080 };
-    const { page, record } = await openPage(browser, `${server.origin}/`, { viewport });
-    await page.addInitScript(countTimers);
-    await page.reload();
+    const { page, record } = await openExam(browser, server, { viewport });
     const play = await Play.start(page, item, options, host);
     let before = [];
     for (const { line, text, events } of steps) {

@@ -10,7 +10,7 @@ const base = `
 :host { display: block; position: relative; min-width: 0; overflow: hidden; contain: content; }
 :host([hidden]) { display: none; }
 .root {
-  all: initial;
+  all: initial; direction: ltr;
   position: absolute; inset: 0; overflow: hidden;
   font: 10pt Verdana, 'DejaVu Sans', sans-serif; color: #000;
   user-select: none; -webkit-user-select: none;

@@ -17,6 +17,8 @@ const PARTS = {
   instructions: ['#brwButtons', '#btnInstructions'],
   calculator: ['#brwButtons', '#btnCalculator'],
   'set-answers': ['#brwButtons', '#btnSetAnswers'],
+  'level bar': ['#spSplitter > .level.bar'],
+  'upright bar': ['#spSplitter > .upright.bar'],
 };
 /** @type {Record<string, string>} what scrolls */
 const SCROLLERS = {
@@ -38,11 +40,10 @@ export class Candidate {
 
   /**
    * @param {import('playwright-core').Page} page
+   * @param {any} element a handle
    * @param {string} item the url of its item.xml
-   * @param {string} [selector] of the element
    */
-  static async at(page, item, selector = 'zav-drag-drop') {
-    const element = await page.locator(selector).elementHandle();
+  static async of(page, element, item) {
     return new Candidate(page, element, await page.evaluate(readNumbers, item));
   }
 
@@ -86,10 +87,12 @@ export class Candidate {
   /**
    * @param {string} place
    * @param {number} [moves]
+   * @returns {Promise<Place>}
    */
   async moveTo(place, moves = MOVES_OF_A_HAND) {
     const { x, y } = await this.placeOf(place, { mayBeCovered: true });
     await this.#page.mouse.move(x, y, { steps: moves });
+    return { x, y };
   }
 
   async release() {
