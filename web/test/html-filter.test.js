@@ -320,8 +320,8 @@ const KEPT = [
   ['signs and entities', '<p>1 < 2 &amp;&nbsp;&eacute; <3 </p>', 'p', 'text: 1 < 2 &\u00a0é <3 '],
   ['text without a tag', 'plain', '.body', 'text: plain'],
   ['text of unknown elements', '<blink>a</blink><x-y>b</x-y><o:p>c</o:p>', '.body', 'text: abc'],
-  ['text beside what is none', '<!doctype html>a<!-->b<!-- c --!>d<title>e</title>f<?xml g?>', '.body',
-    'text: abdf'],
+  ['text beside what is none', '<!doctype html>a<!-->b<!-- c --!>d<title>e</title>f<?xml g?>' +
+    '<script>h</script><svg><text>i</text></svg>', '.body', 'text: abdf'],
   ['an empty page', '', '.body', 'text: '],
 ];
 

@@ -4,6 +4,7 @@
  */
 
 import { CLEARED, displayOf, press } from './CalculatorEngine.js';
+import { make } from './elements.js';
 import { FloatingWindow } from './FloatingWindow.js';
 
 /**
@@ -52,14 +53,13 @@ const KEYBOARD = new Map([
   ['c', 'C'],
 ]);
 
-const WIDTH = 244;
+// Characters that fit in the display in its usual size.
+const MOST_LARGE = 14;
+
+const WIDTH = 256;
 const HEIGHT = 236;
 
 export class Calculator extends FloatingWindow {
-  /** The class and the title by which other programs find the window of a calculator. */
-  static className = 'SciCalc';
-  static title = 'Calculator';
-
   #state = CLEARED;
   #display;
   #memory;
@@ -69,23 +69,17 @@ export class Calculator extends FloatingWindow {
    * @param {{left?: number, top?: number, onClosed?: () => void, onFocused?: () => void}} options
    */
   constructor(container, options = {}) {
-    const display = document.createElement('output');
-    display.className = 'zav-calculator-display';
-    const memory = document.createElement('span');
-    memory.className = 'zav-calculator-memory';
-    memory.textContent = 'M';
-    const keys = document.createElement('div');
-    keys.className = 'zav-calculator-keys';
-    const content = document.createElement('div');
-    content.className = 'zav-calculator';
-    content.append(memory, display, keys);
+    const display = make('output', 'zav-calculator-display');
+    const memory = make('span', 'zav-calculator-memory', 'M');
+    const keys = make('div', 'zav-calculator-keys');
+    const content = make('div', 'zav-calculator', memory, display, keys);
     // The keyboard works from anywhere in it, not only from a button.
     content.tabIndex = -1;
     super(container, {
       left: 24,
       top: 24,
       ...options,
-      title: Calculator.title,
+      title: 'Calculator',
       content,
       width: WIDTH,
       height: HEIGHT,
@@ -108,10 +102,9 @@ export class Calculator extends FloatingWindow {
    * @param {string} name
    */
   #button(face, key, name) {
-    const button = document.createElement('button');
-    button.className = `zav-calculator-${/^\d|^[.]$/.test(key) ? 'digit' : 'function'}`;
+    const button = make('button', '', face);
+    button.classList.toggle('zav-calculator-digit', /^[\d.]$/.test(key));
     button.classList.toggle('zav-calculator-equals', key === '=');
-    button.textContent = face;
     button.ariaLabel = name;
     button.addEventListener('click', () => this.#press(key));
     return button;
@@ -119,13 +112,13 @@ export class Calculator extends FloatingWindow {
 
   /** @param {KeyboardEvent} event */
   #onKeyDown(event) {
-    if (event.ctrlKey || event.altKey || event.metaKey) return;
+    const key = KEYBOARD.get(event.key) ?? event.key;
+    const isOurs = BUTTONS.some((button) => button[1] === key);
+    if (!isOurs || event.ctrlKey || event.altKey || event.metaKey) return;
+    event.stopPropagation();
     // A button that was reached with the keyboard is also pressed with it.
     if (event.key === 'Enter' && event.target instanceof HTMLButtonElement) return;
-    const key = KEYBOARD.get(event.key) ?? event.key;
-    if (!BUTTONS.some((button) => button[1] === key)) return;
     event.preventDefault();
-    event.stopPropagation();
     this.#press(key);
   }
 
@@ -136,7 +129,9 @@ export class Calculator extends FloatingWindow {
   }
 
   #show() {
-    this.#display.textContent = displayOf(this.#state).replaceAll('-', '−');
+    const text = displayOf(this.#state).replaceAll('-', '−');
+    this.#display.textContent = text;
+    this.#display.classList.toggle('zav-calculator-long', text.length > MOST_LARGE);
     this.#memory.hidden = this.#state.memory === 0;
   }
 }
@@ -151,6 +146,7 @@ export const styles = `
   font: 19px/42px system-ui, sans-serif; font-variant-numeric: tabular-nums; text-align: right;
   white-space: nowrap;
 }
+.zav-calculator-long { font-size: 16px; }
 .zav-calculator-memory {
   position: absolute; left: 16px; top: 12px; color: #2f6fb7; font-size: 11px; font-weight: 700;
 }

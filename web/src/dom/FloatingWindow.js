@@ -6,6 +6,8 @@
  * Lengths are CSS pixels of the container, before any scaling of its ancestors.
  */
 
+import { focusedIn, make } from './elements.js';
+
 /**
  * @typedef {object} FloatingWindowOptions
  * @property {string} title
@@ -179,6 +181,8 @@ export class FloatingWindow {
     const left = origin.left + (event.clientX - from.x) / scale;
     const top = origin.top + (event.clientY - from.y) / scale;
     this.moveTo(left, top);
+    // Where it was dragged to is where it could go: a container that grows does not draw it along.
+    this.#place = this.#nearestPlace();
   }
 
   #cancelDrag() {
@@ -208,34 +212,11 @@ export class FloatingWindow {
   }
 }
 
-/**
- * @template {keyof HTMLElementTagNameMap} Name
- * @param {Name} name
- * @param {string} className
- * @param {Node[]} children
- * @returns {HTMLElementTagNameMap[Name]}
- */
-function make(name, className, ...children) {
-  const element = document.createElement(name);
-  element.className = className;
-  element.append(...children);
-  return element;
-}
-
 /** @param {HTMLElement | null} element */
 function moveFocus(element) {
   movingFocus = true;
   element?.focus({ preventScroll: true });
   movingFocus = false;
-}
-
-/**
- * What has the focus in the shadow root, or the document, of a node.
- * @param {Node} node
- */
-function focusedIn(node) {
-  const root = /** @type {Document | ShadowRoot} */ (node.getRootNode());
-  return /** @type {HTMLElement | null} */ (root.activeElement);
 }
 
 /**
@@ -248,74 +229,27 @@ function clamp(value, max) {
 
 export const styles = `
 .zav-window {
-  position: absolute;
-  left: 0;
-  top: 0;
-  display: flex;
-  flex-direction: column;
-  box-sizing: border-box;
-  max-width: 100%;
-  max-height: 100%;
-  overflow: hidden;
-  border: 1px solid #8e9aab;
-  border-radius: 8px;
-  background: #fff;
-  color: #1c2430;
-  font: 14px/1.4 system-ui, sans-serif;
-  box-shadow: 0 8px 24px rgb(20 30 50 / 28%);
-  outline: none;
+  position: absolute; left: 0; top: 0; display: flex; flex-direction: column; box-sizing: border-box;
+  max-width: 100%; max-height: 100%; overflow: hidden; outline: none;
+  border: 1px solid #8e9aab; border-radius: 8px; background: #fff; color: #1c2430;
+  font: 14px/1.4 system-ui, sans-serif; box-shadow: 0 8px 24px rgb(20 30 50 / 28%);
 }
-.zav-window[hidden] {
-  display: none;
-}
+.zav-window[hidden] { display: none; }
 .zav-window-caption {
-  display: flex;
-  flex: none;
-  align-items: center;
-  padding: 0 4px 0 12px;
-  height: 32px;
-  border-bottom: 1px solid #d5dae3;
-  background: #eef1f6;
-  cursor: default;
-  touch-action: none;
-  user-select: none;
-  -webkit-user-select: none;
+  display: flex; flex: none; align-items: center; padding: 0 4px 0 12px; height: 32px;
+  border-bottom: 1px solid #d5dae3; background: #eef1f6; cursor: default; touch-action: none;
+  user-select: none; -webkit-user-select: none;
 }
-.zav-window:focus-within .zav-window-caption {
-  background: #dce6f5;
-}
+.zav-window:focus-within .zav-window-caption { background: #d3e1f4; }
 .zav-window-title {
-  flex: 1;
-  overflow: hidden;
-  font-weight: 600;
-  text-overflow: ellipsis;
-  white-space: nowrap;
+  flex: 1; overflow: hidden; font-weight: 600; text-overflow: ellipsis; white-space: nowrap;
 }
 .zav-window-close {
-  flex: none;
-  padding: 0;
-  width: 26px;
-  height: 24px;
-  border: 0;
-  border-radius: 5px;
-  background: none;
-  color: inherit;
-  font: inherit;
+  flex: none; padding: 0; width: 26px; height: 24px; border: 0; border-radius: 5px;
+  background: none; color: inherit; font: inherit;
 }
-.zav-window-close::before {
-  content: '\\2715';
-}
-.zav-window-close:hover {
-  background: #c42b1c;
-  color: #fff;
-}
-.zav-window-close:focus-visible {
-  outline: 2px solid #1a5fb4;
-  outline-offset: -2px;
-}
-.zav-window-body {
-  flex: 0 1 auto;
-  max-width: 100%;
-  overflow: auto;
-}
+.zav-window-close::before { content: '\\2715'; }
+.zav-window-close:hover { background: #c42b1c; color: #fff; }
+.zav-window-close:focus-visible { outline: 2px solid #12365e; outline-offset: -2px; }
+.zav-window-body { flex: 0 1 auto; max-width: 100%; overflow: auto; }
 `;

@@ -2,6 +2,8 @@
  * A question or a message for the candidate, over the element only: the rest of the page stays in use.
  */
 
+import { focusedIn, make } from './elements.js';
+
 /**
  * @typedef {object} Message
  * @property {string} text shown as it is, with its line breaks
@@ -34,7 +36,6 @@ export function showMessage(container, message) {
 
 /** @implements {Dialog} */
 class MessageDialog {
-  #root;
   #focusBefore;
   #cover = make('div', 'zav-dialog-cover');
   #text = make('div', 'zav-dialog-text');
@@ -50,8 +51,7 @@ class MessageDialog {
    * @param {Message} message
    */
   constructor(container, { text, title, style }) {
-    this.#root = /** @type {Document | ShadowRoot} */ (container.getRootNode());
-    this.#focusBefore = /** @type {HTMLElement | null} */ (this.#root.activeElement);
+    this.#focusBefore = focusedIn(container);
     this.#text.textContent = text;
     const ok = this.#button('OK', OK);
     this.#buttons = style % 16 === 1 ? [ok, this.#button('Cancel', CANCEL)] : [ok];
@@ -112,31 +112,18 @@ class MessageDialog {
     const isScrolled = this.#text.scrollHeight > this.#text.clientHeight;
     this.#text.tabIndex = isScrolled ? 0 : -1;
     const stops = isScrolled ? [...this.#buttons, this.#text] : this.#buttons;
-    const current = stops.findIndex((stop) => stop === this.#root.activeElement);
-    stops.at((current + step) % stops.length)?.focus();
+    const current = stops.findIndex((stop) => stop === focusedIn(this.#cover));
+    const next = current < 0 && step < 0 ? -1 : (current + step) % stops.length;
+    stops.at(next)?.focus();
   }
 
   /** @param {number} answer */
   #answer(answer) {
-    const hadFocus = this.#cover.contains(this.#root.activeElement);
+    const hadFocus = this.#cover.contains(focusedIn(this.#cover));
     this.#cover.remove();
     if (hadFocus) this.#focusBefore?.focus({ preventScroll: true });
     this.#resolve(answer);
   }
-}
-
-/**
- * @template {keyof HTMLElementTagNameMap} Name
- * @param {Name} name
- * @param {string} className
- * @param {(Node | string)[]} children
- * @returns {HTMLElementTagNameMap[Name]}
- */
-function make(name, className, ...children) {
-  const element = document.createElement(name);
-  element.className = className;
-  element.append(...children);
-  return element;
 }
 
 export const styles = `
