@@ -51,6 +51,21 @@ export class Pictures {
     return this.#images[number];
   }
 
+  /**
+   * An element that shows the picture and is the caller's: the one that loaded it, where that is not
+   * in use, because a second one is not there at once.
+   * @param {number} number
+   */
+  element(number) {
+    const loaded = this.#images[number];
+    const image = loaded.parentNode ? new Image() : loaded;
+    image.removeAttribute('style');
+    image.alt = '';
+    image.draggable = false;
+    if (image !== loaded) image.src = loaded.src;
+    return image;
+  }
+
   /** @param {number} number */
   urlOf(number) {
     return number ? this.#images[number].src : '';

@@ -21,10 +21,15 @@ const PICTURE = 2;
  * @property {number} picture
  */
 
+/**
+ * A picture that lies under everything drawn.
+ * @typedef {{picture: number, x: number, y: number, image?: HTMLImageElement}} Background
+ */
+
 export class Surface {
   /** @type {HTMLCanvasElement | undefined} */
   #canvas;
-  /** @type {HTMLImageElement[]} */
+  /** @type {Background[]} */
   #backgrounds = [];
   /** @type {Shape[]} */
   #shapes = [];
@@ -77,24 +82,29 @@ export class Surface {
     });
   }
 
-  /** @param {{picture: number, x: number, y: number}[]} pictures */
+  /** @param {Background[]} pictures */
   #showBackgrounds(pictures) {
-    pictures.forEach(({ picture, x, y }, i) => {
-      const image = (this.#backgrounds[i] ??= this.#addBackground());
-      const url = this.#pictures.urlOf(picture);
-      if (image.src !== url) image.src = url;
+    pictures.forEach((background, i) => {
+      const { picture, x, y } = background;
+      const shown = this.#backgrounds[i];
+      if (shown?.picture === picture && shown.x === x && shown.y === y) return;
+      shown?.image?.remove();
+      const image = this.#pictures.element(picture);
       image.style.transform = x || y ? `translate(${Math.round(x)}px, ${Math.round(y)}px)` : '';
+      this.#insert(image, this.#backgrounds[i - 1]?.image);
+      this.#backgrounds[i] = { ...background, image };
     });
-    for (const image of this.#backgrounds.splice(pictures.length)) image.remove();
+    for (const { image } of this.#backgrounds.splice(pictures.length)) image?.remove();
   }
 
-  #addBackground() {
-    const image = document.createElement('img');
-    image.alt = '';
-    image.draggable = false;
-    if (this.#canvas) this.#canvas.before(image);
-    else this.#element.prepend(image);
-    return image;
+  /**
+   * Under everything drawn, and under the controls that stand here.
+   * @param {HTMLElement} element
+   * @param {HTMLElement | undefined} under
+   */
+  #insert(element, under) {
+    if (under) under.after(element);
+    else this.#element.prepend(element);
   }
 
   #draw() {
@@ -114,9 +124,7 @@ export class Surface {
 
   #addCanvas() {
     const canvas = document.createElement('canvas');
-    const last = this.#backgrounds.at(-1);
-    if (last) last.after(canvas);
-    else this.#element.prepend(canvas);
+    this.#insert(canvas, this.#backgrounds.at(-1)?.image);
     return canvas;
   }
 

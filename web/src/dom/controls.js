@@ -238,6 +238,7 @@ export class PictureBoxView extends ControlView {
 }
 
 export class PictureButtonView extends ControlView {
+  #picture = 0;
   /** @type {HTMLImageElement | undefined} */
   #image;
   /** @type {HTMLElement | undefined} */
@@ -266,7 +267,7 @@ export class PictureButtonView extends ControlView {
   show(picture, hasFace, alignment, caption) {
     this.#hasFace = hasFace;
     this.#applyFace();
-    this.#showPicture(this.pictures.urlOf(picture));
+    this.#showPicture(picture);
     this.#showCaption(alignment, caption);
   }
 
@@ -283,20 +284,13 @@ export class PictureButtonView extends ControlView {
     return name ?? '';
   }
 
-  /** @param {string} url */
-  #showPicture(url) {
-    if (!url) {
-      this.#image?.remove();
-      this.#image = undefined;
-      return;
-    }
-    if (!this.#image) {
-      this.#image = document.createElement('img');
-      this.#image.alt = '';
-      this.#image.draggable = false;
-      this.element.prepend(this.#image);
-    }
-    if (this.#image.src !== url) this.#image.src = url;
+  /** @param {number} picture */
+  #showPicture(picture) {
+    if (picture === this.#picture) return;
+    this.#picture = picture;
+    this.#image?.remove();
+    this.#image = picture ? this.pictures.element(picture) : undefined;
+    if (this.#image) this.element.prepend(this.#image);
   }
 
   /**
