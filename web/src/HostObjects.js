@@ -43,8 +43,8 @@ export class ParentObject {
 
   /** @type {(number: number, description: string, source: string, extra: string, routine: string, line: number) => void} */
   LogError(number, description, source, extra, routine, line) {
-    this.#given()?.LogError?.(number, description, source, extra, routine, line);
     this.#events.logged({ number, description, source, extra, routine, line });
+    this.#given()?.LogError?.(number, description, source, extra, routine, line);
   }
 
   /** @param {string} name */

@@ -31,6 +31,19 @@ function readOptions(text) {
 }
 
 /**
+ * The url that a host's object gives. One that fails does so again, and is reported, when the
+ * component asks.
+ * @param {() => string | undefined} ask
+ */
+function urlOf(ask) {
+  try {
+    return ask() ?? '';
+  } catch {
+    return '';
+  }
+}
+
+/**
  * An object of by-reference results by their names.
  * @param {string[]} names
  * @param {unknown[]} values
@@ -418,10 +431,10 @@ export class ZavDragDropElement extends HTMLElement {
   #fileNames() {
     const support = this.#support;
     return {
-      localizePath: (name) => support?.GetLocalizePath(name) ?? '',
+      localizePath: (name) => urlOf(() => support?.GetLocalizePath(name)),
       graphicsPaths: (name) => [
-        support?.GetGraphicsPath(name) ?? '',
-        this.#parentObject.GetGraphicsPath(name),
+        urlOf(() => support?.GetGraphicsPath(name)),
+        urlOf(() => this.#parentObject.GetGraphicsPath(name)),
       ],
     };
   }
