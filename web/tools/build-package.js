@@ -34,6 +34,7 @@ async function bundle(source, output, external = []) {
 async function writeDescription(output) {
   const description = JSON.parse(await readFile(join(web, 'package.json'), 'utf8'));
   delete description.devDependencies;
+  delete description.scripts;
   await writeFile(output, `${JSON.stringify(description, null, 2)}\n`);
 }
 
