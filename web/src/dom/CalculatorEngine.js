@@ -2,8 +2,8 @@
  * The arithmetic of a pocket calculator: what its display shows after each key. Keys work at once, in
  * the order in which they are pressed; there is no precedence.
  *
- * Numbers are kept with 15 significant digits and shown with 12, so that neither 0.1 + 0.2 nor a third
- * times three shows the noise of binary fractions.
+ * Numbers are shown with 12 significant digits and kept with more, so that neither 0.1 + 0.2 nor a
+ * third times three shows the noise of binary fractions.
  */
 
 /** @typedef {'+' | '-' | '*' | '/'} Operator */
@@ -38,10 +38,9 @@ export const CLEARED = Object.freeze({
   memory: 0,
 });
 
-const DIGITS_KEPT = 15;
 const DIGITS_SHOWN = 12;
 const LARGEST_PLAIN = 1e12; // longer numbers are shown with an exponent
-// A sum as small as this beside its larger part is the noise of what was cut from the parts.
+// A sum as small as this beside its larger part is the noise of what was rounded in the parts.
 const NOISE = 1e-13;
 
 /**
@@ -126,7 +125,7 @@ function percentOf({ left, operator, value }) {
 
 /** @param {Readonly<State>} state */
 function addToMemory(state) {
-  const memory = keptDigits(add(state.memory, state.value));
+  const memory = add(state.memory, state.value);
   return Number.isFinite(memory) ? { ...state, typed: '', memory } : show(state, memory);
 }
 
@@ -137,7 +136,7 @@ function addToMemory(state) {
 function chooseOperator(state, operator) {
   const isComplete = state.operator && state.hasRight;
   const done = isComplete ? solve(state, state.operator, state.left, state.value) : state;
-  return { ...done, typed: '', left: done.value, operator, hasRight: false, repeat: null };
+  return { ...done, typed: '', left: done.value, operator, hasRight: false };
 }
 
 /** @param {Readonly<State>} state */
@@ -190,10 +189,5 @@ function add(left, right) {
 function show(state, number) {
   if (Number.isNaN(number)) return { ...state, typed: '', error: 'Invalid input' };
   if (!Number.isFinite(number)) return { ...state, typed: '', error: 'Number too large' };
-  return { ...state, typed: '', value: keptDigits(number), hasRight: true };
-}
-
-/** @param {number} number */
-function keptDigits(number) {
-  return Number(number.toPrecision(DIGITS_KEPT));
+  return { ...state, typed: '', value: number, hasRight: true };
 }

@@ -47,7 +47,7 @@ export class FloatingWindow {
   #drag = null;
   /** @type {HTMLElement | null} */
   #focusBefore = null;
-  // A frame or a container of another size may leave the caption outside.
+  // In a container of another size, the caption may stand outside.
   #sizes = new ResizeObserver(() => this.#arrange());
 
   /**
@@ -80,7 +80,6 @@ export class FloatingWindow {
     this.resize(width, height);
     container.append(this.#frame);
     this.#sizes.observe(container);
-    this.#sizes.observe(this.#frame);
     this.#show();
   }
 
@@ -115,6 +114,7 @@ export class FloatingWindow {
   resize(width, height) {
     this.#body.style.width = `${width}px`;
     this.#body.style.height = `${height}px`;
+    this.#arrange();
   }
 
   /** @param {boolean} isVisible */
@@ -153,7 +153,6 @@ export class FloatingWindow {
     this.#frame.addEventListener('focusin', () => {
       if (!movingFocus) this.#onFocused?.();
     });
-    this.#frame.addEventListener('pointerdown', () => this.#onFocused?.());
     this.#caption.addEventListener('pointerdown', (event) => this.#startDrag(event));
     this.#caption.addEventListener('pointermove', (event) => this.#continueDrag(event));
     this.#caption.addEventListener('pointercancel', () => this.#cancelDrag());
