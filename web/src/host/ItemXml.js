@@ -28,14 +28,19 @@ function makeTrust() {
 }
 
 /**
+ * A DOMParser would make a page about what is not well-formed, with styles that break strict policies.
  * @param {string} xml
- * @returns {Document | null} null for text that is not well-formed
+ * @returns {Element | null} the document element; null for text that is not well-formed
  */
 function parse(xml) {
   trusted ??= makeTrust();
-  const text = trusted(xml.replace(/^[\uFEFF\s]+/, ''));
-  const document = new DOMParser().parseFromString(text, 'text/xml');
-  return document.querySelector('parsererror') ? null : document;
+  const holder = document.implementation.createDocument(null, 'holder').documentElement;
+  try {
+    holder.innerHTML = trusted(xml.replace(/^[\uFEFF\s]*(<\?xml\s[^>]*\?>)?/, ''));
+  } catch {
+    return null;
+  }
+  return holder.firstElementChild;
 }
 
 /**
@@ -76,10 +81,10 @@ export function decodeFile(file) {
  * @param {string} language
  */
 export function withLanguage(xml, language) {
-  const document = parse(xml);
-  if (!document) return xml;
-  document.documentElement.setAttribute('Language', language);
-  return new XMLSerializer().serializeToString(document);
+  const item = parse(xml);
+  if (!item) return xml;
+  item.setAttribute('Language', language);
+  return new XMLSerializer().serializeToString(item);
 }
 
 /**
@@ -90,15 +95,15 @@ export function withLanguage(xml, language) {
 export function namedFiles(xml) {
   /** @type {Set<string>} */
   const pictures = new Set();
-  const document = parse(xml);
-  if (!document) return { pictures, caseFile: '' };
-  for (const element of document.getElementsByTagName('*')) {
+  const item = parse(xml);
+  if (!item) return { pictures, caseFile: '' };
+  for (const element of [item, ...item.getElementsByTagName('*')]) {
     for (const { name, value } of element.attributes) {
       if (value && (PICTURE_ATTRIBUTES.has(name) || PICTURE_FILE.test(value))) pictures.add(value);
     }
     if (element.childElementCount === 0) addHtmlPictures(element.textContent ?? '', pictures);
   }
-  const caseCode = document.documentElement.getAttribute('CaseCode') ?? NO_CASE;
+  const caseCode = item.getAttribute('CaseCode') ?? NO_CASE;
   return { pictures, caseFile: caseCode && caseCode !== NO_CASE ? `${caseCode}.xml` : '' };
 }
 
