@@ -21,6 +21,7 @@ file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/expat_config/expat_config.h" CONTEN
 #define HAVE_MEMMOVE
 #define XML_NS
 #define XML_CONTEXT_BYTES 0
+#define XML_MIN_SIZE
 #define XML_POOR_ENTROPY
 ")
 target_include_directories(expat PRIVATE "${PROJECT_BINARY_DIR}/expat_config")

@@ -22,8 +22,8 @@ function(add_web_module name)
     # A stack that overflows traps instead of running into data.
     -sALLOW_MEMORY_GROWTH=1 -sINITIAL_MEMORY=1MB -sTOTAL_STACK=256KB -Wl,--stack-first
     # As little JavaScript as possible comes along.
-    -sSTRICT=1 -sASSERTIONS=0 -sFILESYSTEM=0 -sSUPPORT_LONGJMP=0
-    -sINCOMING_MODULE_JS_API=wasmBinary,locateFile
+    -sSTRICT=1 -sASSERTIONS=0 -sFILESYSTEM=0 -sSUPPORT_LONGJMP=0 -sMALLOC=emmalloc
+    -sINCOMING_MODULE_JS_API=locateFile
     "-sEXPORTED_FUNCTIONS=@${exports}")
   # What type checks see of it, instead of reading it.
   file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/bin/${name}.d.mts" CONTENT "\
