@@ -169,6 +169,8 @@ class Control {
   [[nodiscard]] bool Hears() const;
   // Runs when the size changed, before the handler of onResize.
   virtual void SizeChanged() {}
+  // Runs when the presenter has seen what changed.
+  virtual void Presented() {}
   void Changed(unsigned what);
   template <typename T>
   void Set(T& member, T value, unsigned what) {

@@ -29,7 +29,10 @@ void ControlHost::Leave() {
   std::sort(changed.begin(), changed.end(),
             [](const Control* a, const Control* b) { return a->id() < b->id(); });
   platform_.presenter.Present(changed, removed);
-  for (Control* control : changed) control->changes_ = 0;
+  for (Control* control : changed) {
+    control->changes_ = 0;
+    control->Presented();
+  }
 }
 
 }  // namespace zav

@@ -14,9 +14,18 @@ bool Covers(const DrawnShape& upper, const DrawnShape& lower) {
 }  // namespace
 
 void PictureBox::Draw(DrawnShape shape) {
-  std::erase_if(drawn_, [&](const DrawnShape& earlier) { return Covers(shape, earlier); });
+  for (std::size_t i = drawn_.size(); i-- > 0;) {
+    if (!Covers(shape, drawn_[i])) continue;
+    drawn_.erase(drawn_.begin() + static_cast<std::ptrdiff_t>(i));
+    if (i < presented_) --presented_;
+  }
   drawn_.push_back(std::move(shape));
   Changed(change::kContent);
+}
+
+void PictureBox::SetPicture(PictureRef picture) {
+  if (picture != picture_) presented_ = 0;
+  Set(picture_, std::move(picture), change::kContent);
 }
 
 void PictureBox::DrawLine(Point from, Point to, int penWidth, std::int32_t color) {
@@ -40,6 +49,7 @@ void PictureBox::PaintPicture(PictureRef picture, Point at) {
 
 void PictureBox::Clear() {
   drawn_.clear();
+  presented_ = 0;
   Changed(change::kContent);
 }
 

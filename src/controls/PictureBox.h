@@ -2,7 +2,9 @@
 // a platform can show it again at any time.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "controls/Control.h"
@@ -36,15 +38,24 @@ class PictureBox : public Control {
   void Clear();
 
   [[nodiscard]] const std::vector<DrawnShape>& drawn() const { return drawn_; }
+  // The last ones of these, which were drawn since the box was last presented and over what was
+  // seen then; all of them where it was cleared, got another picture, or was never presented.
+  [[nodiscard]] std::span<const DrawnShape> drawnSincePresented() const {
+    return std::span(drawn_).subspan(presented_);
+  }
 
   // A picture that is shown under everything drawn.
   [[nodiscard]] const PictureRef& picture() const { return picture_; }
-  void SetPicture(PictureRef picture) { Set(picture_, std::move(picture), change::kContent); }
+  void SetPicture(PictureRef picture);
+
+ protected:
+  void Presented() override { presented_ = drawn_.size(); }
 
  private:
   void Draw(DrawnShape shape);
 
   std::vector<DrawnShape> drawn_;
+  std::size_t presented_ = 0;  // how many of them
   PictureRef picture_;
 };
 

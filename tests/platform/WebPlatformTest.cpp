@@ -100,8 +100,8 @@ class FakeBrowser : public Browser {
       case Change::Bars:
         return at + 3 + 5 * static_cast<std::size_t>(values[0]);
       case Change::Surface:
-        return Add("surface " + names_[id] + numbers(2), at,
-                   2 + 8 * static_cast<std::size_t>(values[1]));
+        return Add("surface " + names_[id] + numbers(3), at,
+                   3 + 8 * static_cast<std::size_t>(values[2]));
       case Change::Form:
         return at + 2 + 4;
     }
@@ -179,6 +179,51 @@ TEST(ChangeBuffer, RoundsEdgesSoThatNeighboursGoOnTouching) {
   });
   EXPECT_TRUE(test.Has("place scr 0 1 7 6"));
   EXPECT_TRUE(test.Has("place img 7 0 7 7"));
+}
+
+TEST(ChangeBuffer, SendsWhatIsDrawnOverTheRest) {
+  WebForm test;
+  PictureBox& box = test.surface;
+  const auto line = [&](float y, std::int32_t color) { box.DrawLine({0, y}, {9, y}, 1, color); };
+  struct Row {
+    const char* why;
+    std::function<void()> draw;
+    const char* change;  // whether it begins anew, picture, count
+  };
+  const Row rows[] = {
+      {"what comes into sight is sent in full",
+       [&] {
+         line(1, 0);
+         line(2, 0);
+         test.form.Show();
+       },
+       "surface pc 1 0 2"},
+      {"then only what is new", [&] { line(3, 0); }, "surface pc 0 0 1"},
+      {"a line over an equal one is new", [&] { line(1, 0xFF); }, "surface pc 0 0 1"},
+      {"and may be replaced before it was sent",
+       [&] {
+         line(2, 0xFF);
+         line(2, 0);
+       },
+       "surface pc 0 0 1"},
+      {"a cleared box begins anew",
+       [&] {
+         box.Clear();
+         line(1, 0);
+       },
+       "surface pc 1 0 1"},
+      {"also when nothing is drawn then", [&] { box.Clear(); }, "surface pc 1 0 0"},
+      {"another picture begins anew",
+       [&] {
+         line(1, 0);
+         box.SetPicture(std::make_shared<NumberedPicture>(3, 8, 8));
+       },
+       "surface pc 1 3 1"},
+  };
+  for (const Row& row : rows) {
+    test.host.RunHostCall(row.draw);
+    EXPECT_TRUE(test.Has(row.change)) << row.why;
+  }
 }
 
 TEST(ChangeBuffer, ForgetsWhatHasGone) {

@@ -114,7 +114,7 @@ void ChangeBuffer::Describe(const Control& control, unsigned what) {
     DescribeLook(control);
     DescribeOwnLook(control);
   }
-  if ((what & change::kContent) != 0) DescribeContent(control);
+  if ((what & change::kContent) != 0) DescribeContent(control, what == change::kAll);
   if ((what & change::kVisible) != 0) {
     Begin(Change::Visible, control);
     Put(control.visible() ? 1 : 0);
@@ -186,11 +186,11 @@ void ChangeBuffer::DescribeOwnLook(const Control& control) {
   }
 }
 
-void ChangeBuffer::DescribeContent(const Control& control) {
+void ChangeBuffer::DescribeContent(const Control& control, bool isWhole) {
   const PixelSize twips = TwipsOf(control);
   switch (control.kind()) {
     case ControlKind::PictureBox:
-      DescribeSurface(control);
+      DescribeSurface(static_cast<const PictureBox&>(control), isWhole);
       break;
     case ControlKind::Label: {
       const auto& label = static_cast<const Label&>(control);
@@ -223,15 +223,17 @@ void ChangeBuffer::DescribeContent(const Control& control) {
   }
 }
 
-void ChangeBuffer::DescribeSurface(const Control& control) {
-  const auto& surface = static_cast<const PictureBox&>(control);
-  const PixelSize twips = TwipsOf(control);
+void ChangeBuffer::DescribeSurface(const PictureBox& surface, bool isWhole) {
+  const std::span<const DrawnShape> all(surface.drawn());
+  const std::span<const DrawnShape> shapes = isWhole ? all : surface.drawnSincePresented();
+  const PixelSize twips = TwipsOf(surface);
   const bool isTwips = surface.scaleMode() == ScaleMode::Twips;
   const PixelSize unit = isTwips ? twips : PixelSize{1, 1};
-  Begin(Change::Surface, control);
+  Begin(Change::Surface, surface);
+  Put(shapes.size() == all.size() ? 1 : 0);
   PutPicture(surface.picture());
-  Put(static_cast<std::int32_t>(surface.drawn().size()));
-  for (const DrawnShape& shape : surface.drawn()) {
+  Put(static_cast<std::int32_t>(shapes.size()));
+  for (const DrawnShape& shape : shapes) {
     Put(static_cast<std::int32_t>(shape.kind));
     PutFloat(shape.x1 / unit.x);
     PutFloat(shape.y1 / unit.y);

@@ -20,8 +20,10 @@
 //   RichText whether it is HTML, text
 //   Scroll   width and height of what is scrolled, left and top offset
 //   Bars     count, then for each bar: left, top, width, height, whether it is upright
-//   Surface  picture's number, count, then for each shape: kind, x1, y1, x2, y2 (floats),
-//            pen width, colour, picture's number
+//   Surface  whether it begins anew (else the shapes are drawn over those before), picture's
+//   number,
+//            count, then for each shape: kind, x1, y1, x2, y2 (floats), pen width, colour,
+//            picture's number
 //   Form     window handle, whether the candidate can close it, caption
 //
 // A picture's number is 0 where there is none.
@@ -39,6 +41,8 @@
 #include "platform/Picture.h"
 
 namespace zav {
+
+class PictureBox;
 
 // A picture that the page has decoded and knows by a number, 1 or more.
 class NumberedPicture : public Picture {
@@ -85,8 +89,9 @@ class ChangeBuffer {
   void DescribeLook(const Control& control);
   void DescribeFont(const Control& control);
   void DescribeOwnLook(const Control& control);
-  void DescribeContent(const Control& control);
-  void DescribeSurface(const Control& control);
+  // isWhole: nothing of it is known to the page.
+  void DescribeContent(const Control& control, bool isWhole);
+  void DescribeSurface(const PictureBox& surface, bool isWhole);
   void DescribeBars(const Control& control);
 
   void Begin(Change change, const Control& control);

@@ -22,6 +22,23 @@ const PICTURE = 2;
  */
 
 /**
+ * Whether a shape hides an earlier one, as PictureBox.cpp has it.
+ * @param {Shape} upper
+ * @param {Shape} lower
+ */
+function covers(upper, lower) {
+  return (
+    upper.kind === lower.kind &&
+    upper.x1 === lower.x1 &&
+    upper.y1 === lower.y1 &&
+    upper.x2 === lower.x2 &&
+    upper.y2 === lower.y2 &&
+    upper.penWidth >= lower.penWidth &&
+    upper.picture === lower.picture
+  );
+}
+
+/**
  * A picture that lies under everything drawn.
  * @typedef {{picture: number, x: number, y: number, image?: HTMLImageElement}} Background
  */
@@ -33,6 +50,10 @@ export class Surface {
   #backgrounds = [];
   /** @type {Shape[]} */
   #shapes = [];
+  /** Those that are not drawn yet. */
+  /** @type {Shape[]} */
+  #fresh = [];
+  #isStale = false;
   #width = 0;
   #height = 0;
   #isDue = false;
@@ -60,10 +81,34 @@ export class Surface {
   }
 
   /**
+   * @param {boolean} isWhole whether what was drawn before goes
    * @param {number} picture shown under everything drawn; 0: none
+   * @param {Shape[]} shapes drawn over those before
+   */
+  draw(isWhole, picture, shapes) {
+    if (isWhole) {
+      this.#begin(picture, shapes);
+      return;
+    }
+    for (const shape of shapes) {
+      this.#shapes = this.#shapes.filter((earlier) => !covers(shape, earlier));
+      this.#shapes.push(shape);
+      this.#fresh.push(shape);
+    }
+    this.#schedule();
+  }
+
+  /** Draws everything again before the next frame. */
+  redraw() {
+    this.#isStale = true;
+    this.#schedule();
+  }
+
+  /**
+   * @param {number} picture
    * @param {Shape[]} shapes
    */
-  show(picture, shapes) {
+  #begin(picture, shapes) {
     const lowest = shapes.findIndex((shape) => shape.kind !== PICTURE);
     const under = lowest < 0 ? shapes : shapes.slice(0, lowest);
     const placed = under.map((shape) => ({ picture: shape.picture, x: shape.x1, y: shape.y1 }));
@@ -72,13 +117,13 @@ export class Surface {
     this.redraw();
   }
 
-  /** Draws once before the next frame, however often something changes until then. */
-  redraw() {
+  // Once a frame, however often something changes until then.
+  #schedule() {
     if (this.#isDue) return;
     this.#isDue = true;
     requestAnimationFrame(() => {
       this.#isDue = false;
-      this.#draw();
+      this.#drawDue();
     });
   }
 
@@ -107,19 +152,29 @@ export class Surface {
     else this.#element.prepend(element);
   }
 
-  #draw() {
-    if (!this.#width || !this.#height || (!this.#shapes.length && !this.#canvas)) return;
+  #drawDue() {
+    const isStale = this.#isStale || !this.#canvas;
+    const shapes = isStale ? this.#shapes : this.#fresh;
+    this.#isStale = false;
+    this.#fresh = [];
+    if (!this.#width || !this.#height || (!shapes.length && !this.#canvas)) return;
     const canvas = (this.#canvas ??= this.#addCanvas());
+    if (isStale) this.#clear(canvas);
+    const context = canvas.getContext('2d');
+    if (!context) return;
+    for (const shape of shapes) this.#drawShape(context, shape);
+  }
+
+  /** @param {HTMLCanvasElement} canvas */
+  #clear(canvas) {
     const scale = devicePixelRatio;
-    canvas.width = Math.round(this.#width * scale); // clears it, too
+    canvas.width = Math.round(this.#width * scale); // which clears it, and its context's settings
     canvas.height = Math.round(this.#height * scale);
     canvas.style.width = `${this.#width}px`;
     canvas.style.height = `${this.#height}px`;
     const context = canvas.getContext('2d');
-    if (!context) return;
-    context.scale(scale, scale);
-    context.lineCap = 'round';
-    for (const shape of this.#shapes) this.#drawShape(context, shape);
+    context?.scale(scale, scale);
+    if (context) context.lineCap = 'round';
   }
 
   #addCanvas() {
