@@ -113,7 +113,8 @@ export class ChangeReader {
         control.show(this.#list(() => this.#bar()));
         break;
       case Change.surface:
-        control.surface.show(
+        control.surface.draw(
+          this.#flag(),
           this.#next(),
           this.#list(() => this.#shape()),
         );
