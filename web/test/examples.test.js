@@ -6,6 +6,8 @@
 import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
+import { readFile } from 'node:fs/promises';
+import { join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
 
@@ -101,4 +103,30 @@ test('the page that is a host keeps answers over a reload, asks, and scores', as
     await page.locator('#hand-in:enabled').waitFor();
     assert.deepEqual(await responses(), []);
   });
+});
+
+const FENCE = /^(?:<!-- (\S+?)(?:: (\S+))? -->\n)?```\w*\n([^]*?)^```$/gm;
+
+/**
+ * The text of a file, or of the piece of it between the lines "// [name]" and "// [/name]", moved to
+ * the left edge.
+ * @param {string} file
+ * @param {string} [name]
+ */
+async function pieceOf(file, name) {
+  const text = await readFile(join(root, file), 'utf8');
+  if (!name) return text;
+  const [, indent, piece] =
+    new RegExp(`^( *)// \\[${name}\\]\n([^]*?)^ *// \\[/${name}\\]$`, 'm').exec(text) ?? [];
+  return piece?.replaceAll(new RegExp(`^${indent}`, 'gm'), '');
+}
+
+test('the documentation shows code as it stands in the examples', async () => {
+  const text = await readFile(join(root, 'docs/embedding.md'), 'utf8');
+  const fences = [...text.matchAll(FENCE)];
+  assert.equal(fences.length, text.match(/^```\w/gm)?.length);
+  for (const [, file, name, code] of fences) {
+    assert.ok(file, `no file is named above\n${code}`);
+    assert.equal(code, await pieceOf(file, name), `${file}: ${name}`);
+  }
 });
