@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 #include "automation/AutomationError.h"
 
@@ -33,52 +32,12 @@ std::string PlaceAfter(std::string_view before) {
                         std::string(what) + " at " + PlaceAfter(before));
 }
 
-void AppendUtf8(std::string& text, char32_t character) {
-  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
-  if (character < 0x80) {
-    append(character);
-    return;
-  }
-  if (character < 0x800) {
-    append(0xC0 | character >> 6);
-  } else {
-    if (character < kFirstSupplementary) {
-      append(0xE0 | character >> 12);
-    } else {
-      append(0xF0 | character >> 18);
-      append(0x80 | (character >> 12 & 0x3F));
-    }
-    append(0x80 | (character >> 6 & 0x3F));
-  }
-  append(0x80 | (character & 0x3F));
-}
-
 std::size_t SequenceLength(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead < 0xC0) return 0;
   if (lead < 0xE0) return 2;
   if (lead < 0xF0) return 3;
   return lead < 0xF8 ? 4 : 0;
-}
-
-// The character whose bytes start at text[at], and moves at past them. Nothing, and at stays,
-// when they are not one well-formed character in its shortest form.
-std::optional<char32_t> TakeCharacter(std::string_view text, std::size_t& at) {
-  static constexpr std::array<char32_t, 5> kLeastOfLength = {0, 0, 0x80, 0x800,
-                                                             kFirstSupplementary};
-  const auto lead = static_cast<unsigned char>(text[at]);
-  const std::size_t length = SequenceLength(lead);
-  if (length == 0 || length > text.size() - at) return std::nullopt;
-  char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
-  for (const char byte : text.substr(at + 1, length - 1)) {
-    if (!IsContinuation(byte)) return std::nullopt;
-    character = character << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
-  }
-  if (character < kLeastOfLength[length] || character > kLastCharacter || IsSurrogate(character)) {
-    return std::nullopt;
-  }
-  at += length;
-  return character;
 }
 
 void AppendUnit(std::vector<std::uint8_t>& bytes, char32_t unit) {
@@ -99,6 +58,44 @@ char UpperCaseLetter(char letter) {
 }
 
 }  // namespace
+
+void AppendUtf8(std::string& text, char32_t character) {
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  if (character < 0x80) {
+    append(character);
+    return;
+  }
+  if (character < 0x800) {
+    append(0xC0 | character >> 6);
+  } else {
+    if (character < kFirstSupplementary) {
+      append(0xE0 | character >> 12);
+    } else {
+      append(0xF0 | character >> 18);
+      append(0x80 | (character >> 12 & 0x3F));
+    }
+    append(0x80 | (character >> 6 & 0x3F));
+  }
+  append(0x80 | (character & 0x3F));
+}
+
+std::optional<char32_t> TakeCharacter(std::string_view text, std::size_t& at) {
+  static constexpr std::array<char32_t, 5> kLeastOfLength = {0, 0, 0x80, 0x800,
+                                                             kFirstSupplementary};
+  const auto lead = static_cast<unsigned char>(text[at]);
+  const std::size_t length = SequenceLength(lead);
+  if (length == 0 || length > text.size() - at) return std::nullopt;
+  char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+  for (const char byte : text.substr(at + 1, length - 1)) {
+    if (!IsContinuation(byte)) return std::nullopt;
+    character = character << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
+  }
+  if (character < kLeastOfLength[length] || character > kLastCharacter || IsSurrogate(character)) {
+    return std::nullopt;
+  }
+  at += length;
+  return character;
+}
 
 std::string Utf16LeToUtf8(std::span<const std::uint8_t> bytes) {
   std::string text;
