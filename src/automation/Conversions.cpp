@@ -1,17 +1,14 @@
 #include "automation/Conversions.h"
 
-#include <array>
 #include <charconv>
-#include <clocale>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <system_error>
 #include <type_traits>
 
 #include "automation/AutomationError.h"
+#include "automation/NumberText.h"
 #include "automation/Text.h"
 
 namespace zav {
@@ -75,19 +72,10 @@ bool IsDecimal(std::string_view text) {
   return at == text.size();
 }
 
-// The C library reads and writes the decimal sign of the process's locale, which is the host's.
-std::string_view LocaleDecimalSign() { return std::localeconv()->decimal_point; }
-
-void ReplaceFirst(std::string& text, std::string_view part, std::string_view replacement) {
-  const std::size_t at = text.find(part);
-  if (at != std::string::npos) text.replace(at, part.size(), replacement);
-}
-
 double FromDecimal(std::string_view text) {
-  std::string number(TrimBlanks(text));
+  const std::string_view number = TrimBlanks(text);
   if (!IsDecimal(number)) RaiseTypeMismatch();
-  ReplaceFirst(number, ".", LocaleDecimalSign());
-  const double value = std::strtod(number.c_str(), nullptr);
+  const double value = NumberOfDecimal(number);
   if (!std::isfinite(value)) RaiseOverflow();
   return value;
 }
@@ -97,26 +85,15 @@ double FromText(std::string_view text) {
   return digits ? FromHexadecimal<std::int32_t>(*digits) : FromDecimal(text);
 }
 
-std::string DecimalText(double value, int digits) {
+std::string FractionText(double value, int significantDigits) {
   if (!std::isfinite(value)) RaiseOverflow();
   if (value == 0) return "0";  // negative zero too
-  std::array<char, 40> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "%.*G", digits, value);
-  std::string text(buffer.data());
-  ReplaceFirst(text, LocaleDecimalSign(), ".");
-  return text;
-}
-
-double HalfToEven(double value) {
-  const double below = std::floor(value);
-  const double rest = value - below;
-  const bool isBelowOdd = std::fmod(below, 2) != 0;
-  return rest > 0.5 || (rest == 0.5 && isBelowOdd) ? below + 1 : below;
+  return DecimalText(value, significantDigits);
 }
 
 template <typename Integer>
 Integer RoundTo(double value) {
-  const double rounded = HalfToEven(value);
+  const double rounded = std::nearbyint(value);  // half to even
   const bool fits = rounded >= std::numeric_limits<Integer>::min() &&
                     rounded <= std::numeric_limits<Integer>::max();
   if (!fits) RaiseOverflow();  // not a number does not fit either
@@ -149,8 +126,8 @@ struct TextOf {
   std::string operator()(bool value) const { return value ? "True" : "False"; }
   std::string operator()(std::int16_t value) const { return std::to_string(value); }
   std::string operator()(std::int32_t value) const { return std::to_string(value); }
-  std::string operator()(float value) const { return DecimalText(value, kSingleDigits); }
-  std::string operator()(double value) const { return DecimalText(value, kDoubleDigits); }
+  std::string operator()(float value) const { return FractionText(value, kSingleDigits); }
+  std::string operator()(double value) const { return FractionText(value, kDoubleDigits); }
   std::string operator()(const std::string& value) const { return value; }
   std::string operator()(const ObjectRef& /*object*/) const { RaiseTypeMismatch(); }
   std::string operator()(const SafeArray& /*array*/) const { RaiseTypeMismatch(); }

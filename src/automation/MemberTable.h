@@ -1,12 +1,9 @@
 // A late-bound object's members as one ordered table of names.
 #pragma once
 
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "automation/AutomationError.h"
 #include "automation/Object.h"
@@ -17,18 +14,19 @@ namespace zav {
 template <typename T>
 class MemberTable {
  public:
-  using Function = std::function<Variant(T&, std::span<Variant>)>;
+  using Function = Variant (*)(T&, std::span<Variant>);
 
   struct Member {
-    std::string name;
+    std::string_view name;
     std::size_t argumentCount;  // of the call; a put always takes one
-    Function call;              // empty where the member cannot be read or called
-    Function put;               // empty where the member cannot be stored
+    Function call;              // null where the member cannot be read or called
+    Function put;               // null where the member cannot be stored
   };
 
-  explicit MemberTable(std::vector<Member> members) : members_(std::move(members)) {}
+  // The members are not owned: they are constants beside the table.
+  constexpr explicit MemberTable(std::span<const Member> members) : members_(members) {}
 
-  [[nodiscard]] const std::vector<Member>& Members() const { return members_; }
+  [[nodiscard]] constexpr std::span<const Member> Members() const { return members_; }
 
   // Raises 438 for an unknown name or a kind that the member does not have, 450 for a wrong
   // number of arguments.
@@ -36,20 +34,19 @@ class MemberTable {
                  InvokeKind kind) const {
     for (const Member& member : members_) {
       if (!EqualIgnoringCase(member.name, name)) continue;
-      const Function& function = kind == InvokeKind::Put ? member.put : member.call;
-      if (!function) break;
+      const Function function = kind == InvokeKind::Put ? member.put : member.call;
+      if (function == nullptr) break;
       if (arguments.size() != (kind == InvokeKind::Put ? 1 : member.argumentCount)) {
         throw AutomationError(error_number::kWrongArgumentCount,
-                              "Wrong number of arguments: " + member.name);
+                              "Wrong number of arguments: " + std::string(member.name));
       }
       return function(target, arguments);
     }
-    throw AutomationError(error_number::kNoSuchMember,
-                          "Object does not support this member: " + std::string(name));
+    RaiseNoSuchMember(name);
   }
 
  private:
-  std::vector<Member> members_;
+  std::span<const Member> members_;
 };
 
 }  // namespace zav

@@ -38,6 +38,9 @@ class Object {
   void Put(std::string_view name, Variant value) { Invoke(name, {&value, 1}, InvokeKind::Put); }
 };
 
+// Raises 438 for a member that an object does not have.
+[[noreturn]] void RaiseNoSuchMember(std::string_view name);
+
 // The object that ref points to. Raises 91 ("Object variable not set") for nothing.
 Object& Require(const ObjectRef& ref);
 

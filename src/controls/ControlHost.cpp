@@ -12,6 +12,20 @@ ControlId ControlHost::NextId() {
   return ++last;
 }
 
+void ControlHost::RunHostCall(Procedure call) {
+  const Entry entry(*this);
+  call();
+}
+
+void ControlHost::RunEvent(Procedure handler) {
+  const Entry entry(*this);
+  try {
+    handler();
+  } catch (...) {
+    if (depth_ > 1) throw;
+  }
+}
+
 void ControlHost::MarkChanged(Control& control) { changed_.push_back(&control); }
 
 void ControlHost::Forget(Control& control) {

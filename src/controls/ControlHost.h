@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "automation/FunctionRef.h"
 #include "platform/Presenter.h"
 #include "platform/Services.h"
 
@@ -26,23 +27,11 @@ class ControlHost {
 
   // Runs a call of the host's: what changed is shown when the outermost call ends, also when it
   // ends with an error, which the host gets.
-  template <typename F>
-  auto RunHostCall(F&& call) {
-    const Entry entry(*this);
-    return call();
-  }
+  void RunHostCall(Procedure call);
 
   // Runs a control event. An error that reaches this far could not even be reported: it ends here,
   // unless a host's call is on the stack, which then gets it.
-  template <typename F>
-  void RunEvent(F&& handler) {
-    const Entry entry(*this);
-    try {
-      handler();
-    } catch (...) {
-      if (depth_ > 1) throw;
-    }
-  }
+  void RunEvent(Procedure handler);
 
   // While it is off, nothing that the candidate does reaches the controls.
   [[nodiscard]] bool takesInput() const { return takesInput_; }

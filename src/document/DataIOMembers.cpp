@@ -19,8 +19,7 @@ class NodeObject : public Object {
   [[nodiscard]] NodeHandle Node() const { return node_; }
 
   Variant Invoke(std::string_view name, Arguments /*arguments*/, InvokeKind /*kind*/) override {
-    throw AutomationError(error_number::kNoSuchMember,
-                          "Object does not support this member: " + std::string(name));
+    RaiseNoSuchMember(name);
   }
 
  private:
@@ -36,26 +35,27 @@ NodeHandle ToNode(const Variant& value) {
   return node->Node();
 }
 
+// Rows of the table from functions that are simpler than it wants them; none has a state.
 template <typename Action>
-MemberTable<DataIO>::Function Procedure(Action action) {
-  return [action](DataIO& document, Arguments arguments) {
-    action(document, arguments);
+constexpr MemberTable<DataIO>::Function Procedure(Action /*action*/) {
+  return [](DataIO& document, Arguments arguments) {
+    Action()(document, arguments);
     return Variant();
   };
 }
 
 template <typename Operation>
-MemberTable<DataIO>::Function Result(Operation operation) {
-  return [operation](DataIO& document, Arguments arguments) -> Variant {
-    return operation(document, arguments);
+constexpr MemberTable<DataIO>::Function Result(Operation /*operation*/) {
+  return [](DataIO& document, Arguments arguments) -> Variant {
+    return Operation()(document, arguments);
   };
 }
 
 // In the order of the interface's slots.
-const MemberTable<DataIO>& Members() {
+MemberTable<DataIO> Members() {
   using D = DataIO;
   using A = Arguments;
-  static const MemberTable<DataIO> members({
+  static constexpr MemberTable<DataIO>::Member kMembers[] = {
       {"SetOwner", 1, Procedure([](D& d, A a) { d.SetOwner(ToObject(a[0]).get()); }), {}},
       {"GetFromRoot", 0, Result([](D& d, A) { return d.GetFromRoot(); }), {}},
       {"SetFromRoot", 1, Procedure([](D& d, A a) { d.SetFromRoot(ToBoolean(a[0])); }), {}},
@@ -96,8 +96,8 @@ const MemberTable<DataIO>& Members() {
        0,
        Result([](D& d, A) { return ObjectRef(std::make_shared<NodeObject>(d.GetCurrentNode())); }),
        {}},
-  });
-  return members;
+  };
+  return MemberTable<DataIO>(kMembers);
 }
 
 }  // namespace

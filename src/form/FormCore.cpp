@@ -9,4 +9,8 @@ ItemOwner& FormCore::Owner() const {
   return *owner_;
 }
 
+void FormCore::Trap(const char* routine, Procedure procedure) {
+  zav::Trap(errorDisplay_, routine, procedure);
+}
+
 }  // namespace zav

@@ -2,9 +2,6 @@
 // report an error.
 #pragma once
 
-#include <string_view>
-#include <utility>
-
 #include "form/DragState.h"
 #include "form/FormControls.h"
 #include "form/FormOptions.h"
@@ -33,10 +30,7 @@ class FormCore {
   [[nodiscard]] zav::DataIO& Document() const { return Owner().DataIO(); }
 
   // Runs a procedure that reports its errors under that name and then ends normally.
-  template <typename Procedure>
-  void Trap(std::string_view routine, Procedure&& procedure) {
-    zav::Trap(errorDisplay_, routine, std::forward<Procedure>(procedure));
-  }
+  void Trap(const char* routine, Procedure procedure);
 
   // Pixels of the running display and twips.
   [[nodiscard]] float TwipsX() const { return static_cast<float>(host.twipsPerPixel().x); }

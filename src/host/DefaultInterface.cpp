@@ -90,134 +90,123 @@ Variant Score(clsDragDrop& item, Arguments a) {
   return done;
 }
 
-template <typename Member>
-Table::Function Rectangle(Member member) {
-  return [member](clsDragDrop& item, Arguments a) -> Variant {
-    return (item.*member)(ToInt32(a[0]), ToInt32(a[1]), ToInt32(a[2]), ToInt32(a[3]));
-  };
+template <auto kMember>
+Variant Rectangle(clsDragDrop& item, Arguments a) {
+  return (item.*kMember)(ToInt32(a[0]), ToInt32(a[1]), ToInt32(a[2]), ToInt32(a[3]));
 }
 
 // A font field can be replaced by a font only; its properties are taken over.
-Table::Member FontField(const char* name, ObjectRef (clsDragDrop::*get)() const) {
-  return {name, 0, [get](clsDragDrop& item, Arguments) -> Variant { return (item.*get)(); },
-          [get](clsDragDrop& item, Arguments a) -> Variant {
+template <auto kGet>
+constexpr Table::Member FontField(std::string_view name) {
+  return {name, 0, [](clsDragDrop& item, Arguments) -> Variant { return (item.*kGet)(); },
+          [](clsDragDrop& item, Arguments a) -> Variant {
             const auto given = std::dynamic_pointer_cast<FontObject>(ToObject(a[0]));
             if (!given) throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
-            std::static_pointer_cast<FontObject>((item.*get)())->font = given->font;
+            std::static_pointer_cast<FontObject>((item.*kGet)())->font = given->font;
             return {};
           }};
 }
 
-std::vector<Table::Member> MakeMembers() {
-  return {
-      {"mExtParent", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.mExtParent; },
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         item.mExtParent = ToObject(a[0]);
-         return {};
-       }},
-      {"mlParenthWnd", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.mlParenthWnd; },
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         item.mlParenthWnd = ToInt32(a[0]);
-         return {};
-       }},
-      FontField("mFontReg", &clsDragDrop::mFontReg),
-      FontField("mFontBld", &clsDragDrop::mFontBld),
-      {"mbclosing", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.mbclosing; },
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         item.mbclosing = ToBoolean(a[0]);
-         return {};
-       }},
-      {"AppVersion",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.AppVersion(); },
-       {}},
-      {"ExternalSupport",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.ExternalSupport(); },
-       {}},
-      {"SelfNavigation",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.SelfNavigation(); },
-       {}},
-      {"DisplayInt_hwnd",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.hwnd(); },
-       {}},
-      {"DisplayInt_ExternalSupport",
-       0,
-       {},
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         item.SetExternalSupport(ToObject(a[0]));
-         return {};
-       }},
-      {"DisplayInt_FreeExternalDisplay",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.FreeExternalDisplay(); },
-       {}},
-      {"DisplayInt_GetExternalDisplayStatus", 3, Status, {}},
-      {"DisplayInt_GetExternalStateBytes",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.GetExternalStateBytes(); },
-       {}},
-      {"DisplayInt_GetExternalStateArray",
-       2,
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         item.GetExternalStateArray(ArrayArgument(a[0]), ToInt32(a[1]));
-         return {};
-       },
-       {}},
-      {"DisplayInt_GetResponse",
-       3,
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         return item.GetResponse(ToInt32(a[0]), ArrayArgument(a[1]), ToInt32(a[2]));
-       },
-       {}},
-      {"ConvertKey",
-       1,
-       [](clsDragDrop& item, Arguments a) -> Variant { return item.ConvertKey(ToText(a[0])); },
-       {}},
-      {"DisplayInt_GetResponseBytes", 2, ResponseBytes, {}},
-      {"DisplayInt_GetScoreInfo", 3, ScoreInfo, {}},
-      {"DisplayInt_HideExternalDisplay",
-       0,
-       [](clsDragDrop& item, Arguments) -> Variant { return item.HideExternalDisplay(); },
-       {}},
-      {"DisplayInt_InitExternalDisplay",
-       3,
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         return item.InitExternalDisplay(InputArray(a[0]), ToInt32(a[1]), ToInt32(a[2]));
-       },
-       {}},
-      {"DisplayInt_RescoreExternalDisplay", 7, Rescore, {}},
-      {"DisplayInt_RescoreExternalDisplayQuick", 9, RescoreQuick, {}},
-      {"DisplayInt_ResizeExternalDisplay", 4, Rectangle(&clsDragDrop::ResizeExternalDisplay), {}},
-      {"DisplayInt_ScoreExternalDisplay", 5, Score, {}},
-      {"DisplayInt_SetExternalStateArray",
-       2,
-       [](clsDragDrop& item, Arguments a) -> Variant {
-         item.SetExternalStateArray(InputArray(a[0]), ToInt32(a[1]));
-         return {};
-       },
-       {}},
-      {"DisplayInt_SetParentWnd",
-       1,
-       [](clsDragDrop& item, Arguments a) -> Variant { return item.SetParentWnd(ToInt32(a[0])); },
-       {}},
-      {"DisplayInt_ShowExternalDisplay", 4, Rectangle(&clsDragDrop::ShowExternalDisplay), {}},
-  };
-}
-
-const Table& DefaultInterface() {
-  static const Table table(MakeMembers());
-  return table;
-}
+constexpr Table::Member kMembers[] = {
+    {"mExtParent", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.mExtParent; },
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       item.mExtParent = ToObject(a[0]);
+       return {};
+     }},
+    {"mlParenthWnd", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.mlParenthWnd; },
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       item.mlParenthWnd = ToInt32(a[0]);
+       return {};
+     }},
+    FontField<&clsDragDrop::mFontReg>("mFontReg"),
+    FontField<&clsDragDrop::mFontBld>("mFontBld"),
+    {"mbclosing", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.mbclosing; },
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       item.mbclosing = ToBoolean(a[0]);
+       return {};
+     }},
+    {"AppVersion",
+     0,
+     [](clsDragDrop& item, Arguments) -> Variant { return item.AppVersion(); },
+     {}},
+    {"ExternalSupport",
+     0,
+     [](clsDragDrop& item, Arguments) -> Variant { return item.ExternalSupport(); },
+     {}},
+    {"SelfNavigation",
+     0,
+     [](clsDragDrop& item, Arguments) -> Variant { return item.SelfNavigation(); },
+     {}},
+    {"DisplayInt_hwnd", 0, [](clsDragDrop& item, Arguments) -> Variant { return item.hwnd(); }, {}},
+    {"DisplayInt_ExternalSupport",
+     0,
+     {},
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       item.SetExternalSupport(ToObject(a[0]));
+       return {};
+     }},
+    {"DisplayInt_FreeExternalDisplay",
+     0,
+     [](clsDragDrop& item, Arguments) -> Variant { return item.FreeExternalDisplay(); },
+     {}},
+    {"DisplayInt_GetExternalDisplayStatus", 3, Status, {}},
+    {"DisplayInt_GetExternalStateBytes",
+     0,
+     [](clsDragDrop& item, Arguments) -> Variant { return item.GetExternalStateBytes(); },
+     {}},
+    {"DisplayInt_GetExternalStateArray",
+     2,
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       item.GetExternalStateArray(ArrayArgument(a[0]), ToInt32(a[1]));
+       return {};
+     },
+     {}},
+    {"DisplayInt_GetResponse",
+     3,
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       return item.GetResponse(ToInt32(a[0]), ArrayArgument(a[1]), ToInt32(a[2]));
+     },
+     {}},
+    {"ConvertKey",
+     1,
+     [](clsDragDrop& item, Arguments a) -> Variant { return item.ConvertKey(ToText(a[0])); },
+     {}},
+    {"DisplayInt_GetResponseBytes", 2, ResponseBytes, {}},
+    {"DisplayInt_GetScoreInfo", 3, ScoreInfo, {}},
+    {"DisplayInt_HideExternalDisplay",
+     0,
+     [](clsDragDrop& item, Arguments) -> Variant { return item.HideExternalDisplay(); },
+     {}},
+    {"DisplayInt_InitExternalDisplay",
+     3,
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       return item.InitExternalDisplay(InputArray(a[0]), ToInt32(a[1]), ToInt32(a[2]));
+     },
+     {}},
+    {"DisplayInt_RescoreExternalDisplay", 7, Rescore, {}},
+    {"DisplayInt_RescoreExternalDisplayQuick", 9, RescoreQuick, {}},
+    {"DisplayInt_ResizeExternalDisplay", 4, Rectangle<&clsDragDrop::ResizeExternalDisplay>, {}},
+    {"DisplayInt_ScoreExternalDisplay", 5, Score, {}},
+    {"DisplayInt_SetExternalStateArray",
+     2,
+     [](clsDragDrop& item, Arguments a) -> Variant {
+       item.SetExternalStateArray(InputArray(a[0]), ToInt32(a[1]));
+       return {};
+     },
+     {}},
+    {"DisplayInt_SetParentWnd",
+     1,
+     [](clsDragDrop& item, Arguments a) -> Variant { return item.SetParentWnd(ToInt32(a[0])); },
+     {}},
+    {"DisplayInt_ShowExternalDisplay", 4, Rectangle<&clsDragDrop::ShowExternalDisplay>, {}},
+};
 
 }  // namespace
 
-const std::vector<Table::Member>& clsDragDrop::Members() { return DefaultInterface().Members(); }
+std::span<const Table::Member> clsDragDrop::Members() { return kMembers; }
 
 Variant clsDragDrop::Invoke(std::string_view name, Arguments arguments, InvokeKind kind) {
-  return DefaultInterface().Invoke(*this, name, arguments, kind);
+  return Table(kMembers).Invoke(*this, name, arguments, kind);
 }
 
 }  // namespace zav

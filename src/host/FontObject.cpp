@@ -8,28 +8,25 @@ namespace {
 
 using Table = MemberTable<FontObject>;
 
-template <typename T, typename Convert>
-Table::Member Property(const char* name, T Font::*field, Convert convert) {
+template <auto kField, auto kConvert>
+constexpr Table::Member Property(std::string_view name) {
   return {name, 0,
-          [field](FontObject& object, std::span<Variant>) -> Variant { return object.font.*field; },
-          [field, convert](FontObject& object, std::span<Variant> arguments) -> Variant {
-            object.font.*field = convert(arguments[0]);
+          [](FontObject& object, std::span<Variant>) -> Variant { return object.font.*kField; },
+          [](FontObject& object, std::span<Variant> arguments) -> Variant {
+            object.font.*kField = kConvert(arguments[0]);
             return {};
           }};
 }
 
-const Table& Members() {
-  static const Table table(
-      {Property("Name", &Font::name, ToText), Property("Size", &Font::size, ToSingle),
-       Property("Bold", &Font::bold, ToBoolean), Property("Italic", &Font::italic, ToBoolean),
-       Property("Underline", &Font::underline, ToBoolean)});
-  return table;
-}
+constexpr Table::Member kMembers[] = {
+    Property<&Font::name, ToText>("Name"), Property<&Font::size, ToSingle>("Size"),
+    Property<&Font::bold, ToBoolean>("Bold"), Property<&Font::italic, ToBoolean>("Italic"),
+    Property<&Font::underline, ToBoolean>("Underline")};
 
 }  // namespace
 
 Variant FontObject::Invoke(std::string_view name, std::span<Variant> arguments, InvokeKind kind) {
-  return Members().Invoke(*this, name, arguments, kind);
+  return Table(kMembers).Invoke(*this, name, arguments, kind);
 }
 
 }  // namespace zav

@@ -140,15 +140,15 @@ DataIORef clsDragDrop::EngineDocument() {
 }
 
 bool clsDragDrop::GetScoreInfo(std::int16_t& nItems, float& fMaxScore, float& fMinScore) {
-  return controlHost_.RunHostCall([&] {
+  controlHost_.RunHostCall([&] {
     nItems = 1;
     const CursorScope keep(DataIO());
     DataIO().SetFromRoot(true);
     EngineDocument()->LoadXml(DataIO().GetNodeXml("Answers"));
     fMaxScore = ToSingle(Engine().MaxScore());
     fMinScore = ToSingle(Engine().MinScore());
-    return true;
   });
+  return true;
 }
 
 bool clsDragDrop::ScoreExternalDisplay(ScoreCounts& counts) {

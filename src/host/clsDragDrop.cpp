@@ -85,6 +85,17 @@ frmMain& clsDragDrop::RequireForm() const {
   return *moForm_;
 }
 
+bool clsDragDrop::Member(const char* routine, Procedure procedure) {
+  bool done = false;
+  controlHost_.RunHostCall([&] {
+    Trap(*moErrorDisplay_, routine, [&] {
+      procedure();
+      done = true;
+    });
+  });
+  return done;
+}
+
 void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
   Member("DisplayInt_ExternalSupport_Set", [&] {
     if (!support) {
@@ -264,12 +275,12 @@ void clsDragDrop::Raise(std::int32_t event) { events_.Raise(event, {}); }
 
 bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                             std::int32_t lHeight) {
-  return controlHost_.RunHostCall([&] {
+  controlHost_.RunHostCall([&] {
     Raise(item_event::kRefreshDisplay);
     Variant rect[] = {lLeft, lTop, lWidth, lHeight};
     events_.Raise(item_event::kResizeDisplay, rect);
-    return true;
   });
+  return true;
 }
 
 bool clsDragDrop::HideExternalDisplay() {
@@ -281,7 +292,7 @@ bool clsDragDrop::HideExternalDisplay() {
 }
 
 bool clsDragDrop::FreeExternalDisplay() {
-  return controlHost_.RunHostCall([&] {
+  controlHost_.RunHostCall([&] {
     ReleaseForm();
     if (mbCaseStudy_) Require(moCaseStudy_).Call("DisplayInt_FreeExternalDisplay");
     mbCaseStudy_ = false;
@@ -294,8 +305,8 @@ bool clsDragDrop::FreeExternalDisplay() {
     moExternalSupport_.reset();
     // The reporter stays for whatever is still on the stack, but reports to nobody.
     moErrorDisplay_->SetOwner(nullptr);
-    return true;
   });
+  return true;
 }
 
 void clsDragDrop::ReleaseForm() {

@@ -89,7 +89,7 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
                            std::int32_t lHeight) override;
 
   // The members of the default interface, in its order.
-  static const std::vector<MemberTable<clsDragDrop>::Member>& Members();
+  static std::span<const MemberTable<clsDragDrop>::Member> Members();
   Variant Invoke(std::string_view name, std::span<Variant> arguments,
                  InvokeKind kind = InvokeKind::Call) override;
 
@@ -111,17 +111,7 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
   ModuleState& Module() override { return module_; }
 
   // A host's call that reports its errors under that name; whether it ran to its end.
-  template <typename Procedure>
-  bool Member(std::string_view routine, Procedure&& procedure) {
-    return controlHost_.RunHostCall([&] {
-      bool done = false;
-      Trap(*moErrorDisplay_, routine, [&] {
-        procedure();
-        done = true;
-      });
-      return done;
-    });
-  }
+  bool Member(const char* routine, Procedure procedure);
 
   [[nodiscard]] DataIORef NewDocument() const;
   [[nodiscard]] frmMain& RequireForm() const;

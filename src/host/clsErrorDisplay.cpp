@@ -48,4 +48,25 @@ void clsErrorDisplay::Activate(const AutomationError& error) {
   }
 }
 
+void Trap(clsErrorDisplay& reporter, const char* routine, Procedure procedure) {
+  try {
+    procedure();
+  } catch (const ReportingFailure&) {
+    throw;
+  } catch (...) {
+    reporter.SetRoutine(routine);
+    reporter.Activate(CurrentError());
+  }
+}
+
+void RunBoth(Procedure first, Procedure second) {
+  try {
+    first();
+  } catch (const ReportingFailure&) {
+    second();
+    throw;
+  }
+  second();
+}
+
 }  // namespace zav

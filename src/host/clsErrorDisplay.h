@@ -7,9 +7,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "automation/AutomationError.h"
+#include "automation/FunctionRef.h"
 #include "host/ItemOwner.h"
 #include "host/PendingAnswer.h"
 
@@ -59,28 +59,9 @@ class clsErrorDisplay {
   std::string routine_;
 };
 
-template <typename Procedure>
-void Trap(clsErrorDisplay& reporter, std::string_view routine, Procedure&& procedure) {
-  try {
-    procedure();
-  } catch (const ReportingFailure&) {
-    throw;
-  } catch (...) {
-    reporter.SetRoutine(routine);
-    reporter.Activate(CurrentError());
-  }
-}
+void Trap(clsErrorDisplay& reporter, const char* routine, Procedure procedure);
 
 // Runs both. The second runs also when reporting failed in the first; that failure then passes on.
-template <typename First, typename Second>
-void RunBoth(First&& first, Second&& second) {
-  try {
-    first();
-  } catch (const ReportingFailure&) {
-    second();
-    throw;
-  }
-  second();
-}
+void RunBoth(Procedure first, Procedure second);
 
 }  // namespace zav

@@ -181,9 +181,9 @@ void CaseStudy::NoteSeen() {
   seen_ = seen_ || bottom >= static_cast<float>(window.text.ContentHeightPixels());
 }
 
-const MemberTable<CaseStudy>& CaseStudy::Members() {
+MemberTable<CaseStudy> CaseStudy::Members() {
   using Arguments = std::span<Variant>;
-  static const MemberTable<CaseStudy> members({
+  static constexpr MemberTable<CaseStudy>::Member kMembers[] = {
       {"DisplayInt_SetParentWnd",
        1,
        [](CaseStudy& self, Arguments arguments) {
@@ -250,12 +250,14 @@ const MemberTable<CaseStudy>& CaseStudy::Members() {
          return Variant();
        },
        {}},
-  });
-  return members;
+  };
+  return MemberTable<CaseStudy>(kMembers);
 }
 
 Variant CaseStudy::Invoke(std::string_view name, std::span<Variant> arguments, InvokeKind kind) {
-  return host_.RunHostCall([&] { return Members().Invoke(*this, name, arguments, kind); });
+  Variant result;
+  host_.RunHostCall([&] { result = Members().Invoke(*this, name, arguments, kind); });
+  return result;
 }
 
 void RegisterCaseStudy(ClassRegistry& registry, Platform platform) {

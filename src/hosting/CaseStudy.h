@@ -59,7 +59,7 @@ class CaseStudy : public Object {
  private:
   struct Window;
 
-  static const MemberTable<CaseStudy>& Members();
+  static MemberTable<CaseStudy> Members();
   Window& RequireWindow();
   void Init(std::span<const std::uint8_t> file, const ObjectRef& support,
             const std::string& questionHeading);

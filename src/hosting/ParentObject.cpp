@@ -15,7 +15,7 @@ bool AsksSomething(std::int16_t style) { return style % 16 != 0; }
 }  // namespace
 
 Variant ParentObject::Invoke(std::string_view name, std::span<Variant> arguments, InvokeKind kind) {
-  static const MemberTable<ParentObject> members({
+  static constexpr MemberTable<ParentObject>::Member kMembers[] = {
       {"LogError",
        6,
        [](ParentObject& self, std::span<Variant> called) -> Variant {
@@ -36,9 +36,9 @@ Variant ParentObject::Invoke(std::string_view name, std::span<Variant> arguments
          return self.item_.GraphicsPath(ToText(called[0]));
        },
        {}},
-  });
+  };
   record_.Add("parent", name, arguments);
-  return members.Invoke(*this, name, arguments, kind);
+  return MemberTable<ParentObject>(kMembers).Invoke(*this, name, arguments, kind);
 }
 
 void ParentObject::Log(LogEntry entry) {

@@ -39,17 +39,20 @@ ResponseSet ReadResponses(DataIO& document, const WeightedKeys& keys) {
   return responses;
 }
 
+using Arguments = std::span<Variant>;
+
+// A score is told in the argument.
+template <auto kCalculate>
+Variant Score(ScoreEngine& engine, Arguments arguments) {
+  arguments[0] = (engine.*kCalculate)();
+  return {};
+}
+
 // In the order of the interface's slots; a put and a read of one name are one entry.
-const MemberTable<ScoreEngine>& Members() {
-  using Arguments = std::span<Variant>;
-  const auto score = [](Variant (ScoreEngine::*calculate)()) {
-    return [calculate](ScoreEngine& engine, Arguments arguments) {
-      arguments[0] = (engine.*calculate)();
-      return Variant();
-    };
-  };
-  static const MemberTable<ScoreEngine> members({
-      {"Document", 0, [](ScoreEngine& engine, Arguments) { return ObjectRef(engine.Document()); },
+MemberTable<ScoreEngine> Members() {
+  static constexpr MemberTable<ScoreEngine>::Member kMembers[] = {
+      {"Document", 0,
+       [](ScoreEngine& engine, Arguments) -> Variant { return ObjectRef(engine.Document()); },
        [](ScoreEngine& engine, Arguments arguments) {
          const ObjectRef object = ToObject(arguments[0]);
          auto document = std::dynamic_pointer_cast<DataIO>(object);
@@ -59,12 +62,12 @@ const MemberTable<ScoreEngine>& Members() {
          engine.SetDocument(std::move(document));
          return Variant();
        }},
-      {"CalculateScore", 1, score(&ScoreEngine::CalculateScore), {}},
+      {"CalculateScore", 1, Score<&ScoreEngine::CalculateScore>, {}},
       {"Unused", 0, {}, {}},
-      {"MaxScore", 1, score(&ScoreEngine::MaxScore), {}},
-      {"MinScore", 1, score(&ScoreEngine::MinScore), {}},
-  });
-  return members;
+      {"MaxScore", 1, Score<&ScoreEngine::MaxScore>, {}},
+      {"MinScore", 1, Score<&ScoreEngine::MinScore>, {}},
+  };
+  return MemberTable<ScoreEngine>(kMembers);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ SupportFolder::~SupportFolder() {
 
 Variant SupportObject::Invoke(std::string_view name, std::span<Variant> arguments,
                               InvokeKind kind) {
-  static const MemberTable<SupportObject> members({
+  static constexpr MemberTable<SupportObject>::Member kMembers[] = {
       {"GetLocalizePath",
        1,
        [](SupportObject& self, std::span<Variant> called) -> Variant {
@@ -55,9 +55,9 @@ Variant SupportObject::Invoke(std::string_view name, std::span<Variant> argument
        1,
        [](SupportObject& self, std::span<Variant>) -> Variant { return self.support_.path(); },
        {}},
-  });
+  };
   record_.Add("support", name, arguments);
-  return members.Invoke(*this, name, arguments, kind);
+  return MemberTable<SupportObject>(kMembers).Invoke(*this, name, arguments, kind);
 }
 
 }  // namespace zav

@@ -352,7 +352,7 @@ TEST(Messages, AreLookedUpInTheirSection) {
 
 TEST(DefaultInterface, HasItsMembersInOrder) {
   std::string names;
-  for (const auto& member : clsDragDrop::Members()) names += member.name + " ";
+  for (const auto& member : clsDragDrop::Members()) names.append(member.name) += " ";
   EXPECT_EQ(names,
             "mExtParent mlParenthWnd mFontReg mFontBld mbclosing AppVersion ExternalSupport "
             "SelfNavigation DisplayInt_hwnd DisplayInt_ExternalSupport "

@@ -1,0 +1,46 @@
+#include "automation/NumberText.h"
+
+#include <emscripten.h>
+
+#include <array>
+
+// clang-format off
+// JavaScript's own texts differ in that halves are rounded away from zero and exponents are written
+// from other sizes on. A hundred digits show whether what is left out is exactly half.
+EM_JS(int, zav_decimal_text, (double value, int digits, char* text), {
+  const exact = Math.abs(value).toExponential(100);
+  const kept = exact.slice(0, digits + 1);
+  const isTie = /^50*e/.test(exact.slice(digits + 1));
+  const isDown = isTie && /[02468]$/.test(kept);
+  const rounded = isDown ? (value < 0 ? "-" : "") + kept + exact.slice(102) : value.toExponential(digits - 1);
+  const [significand, exponent] = rounded.split("e");
+  const written = exponent >= -4 && exponent < digits
+    ? String(Number(rounded))
+    : significand.replace(/[.]?0+$/, "") + "E" + exponent.replace(/^(.)(.)$/, "$10$2");
+  for (let i = 0; i < written.length; ++i) HEAP8[text + i] = written.charCodeAt(i);
+  return written.length;
+});
+EM_JS(double, zav_number_of_decimal, (const char* text, int size), {
+  return Number(new TextDecoder().decode(HEAPU8.subarray(text, text + size)));
+});
+// clang-format on
+
+namespace zav {
+namespace {
+
+// More than the longest text of 15 digits takes.
+constexpr std::size_t kMostCharacters = 32;
+
+}  // namespace
+
+std::string DecimalText(double value, int significantDigits) {
+  std::array<char, kMostCharacters> text{};
+  const int length = zav_decimal_text(value, significantDigits, text.data());
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+double NumberOfDecimal(std::string_view text) {
+  return zav_number_of_decimal(text.data(), static_cast<int>(text.size()));
+}
+
+}  // namespace zav
