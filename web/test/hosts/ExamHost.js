@@ -9,14 +9,16 @@ const RESPONSES = 1;
 const OK = 1;
 
 /** @param {string} text @returns {Uint8Array} UTF-16LE */
-export function toBytes(text) {
+function toBytes(text) {
   return new Uint8Array(Uint16Array.from(text, (unit) => unit.charCodeAt(0)).buffer);
 }
 
 /** @param {Uint8Array} bytes UTF-16LE */
-export const toText = (bytes) => new TextDecoder('utf-16le').decode(bytes);
+const toText = (bytes) => new TextDecoder('utf-16le').decode(bytes);
 
 export class ExamHost {
+  static toBytes = toBytes;
+  static toText = toText;
   /** Answers to the next questions; OK when there is none. */
   answers = [];
   #events = [];

@@ -4,5 +4,6 @@
 import '/package/zav-drag-drop.js';
 
 import { ExamHost } from './ExamHost.js';
+import { HostObjects } from './HostObjects.js';
 
-Object.assign(window, { ExamHost });
+Object.assign(window, { ExamHost, HostObjects });

@@ -15,9 +15,14 @@ export const POLICY = [
   "style-src 'self'",
   "img-src 'self'",
   "connect-src 'self'",
+  "require-trusted-types-for 'script'",
+  'trusted-types dompurify zav-drag-drop',
 ].join('; ');
 
 const HEAD = '<!doctype html><html lang="en"><head><meta charset="utf-8"><title>Test</title>';
+
+/** An empty page that imports nothing. */
+export const BARE_PAGE = `${HEAD}<link rel="stylesheet" href="/hosts/page.css"></head><body></body></html>`;
 
 /** A page without an element, in which the classes of hosts/ are known. */
 export const HOST_PAGE = `${HEAD}<link rel="stylesheet" href="/hosts/page.css">
