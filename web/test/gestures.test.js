@@ -14,10 +14,13 @@ import { serveSite } from './support/site.js';
 let server;
 /** @type {import('playwright-core').Browser} */
 let browser;
+/** @type {Awaited<ReturnType<typeof openExam>>} */
+let shared;
 
 before(async () => {
   server = await serveSite();
   browser = await launchBrowser();
+  shared = await openExam(browser, server);
 });
 
 after(async () => {
@@ -26,8 +29,8 @@ after(async () => {
 });
 
 /**
- * The heart in a page of its own.
- * @param {import('playwright-core').BrowserContextOptions} options
+ * The heart in a page: the one that most tests share, or one with options of its own.
+ * @param {import('playwright-core').BrowserContextOptions | undefined} options
  * @param {(seat: Seat) => Promise<void>} use
  *
  * @typedef {object} Seat
@@ -37,7 +40,7 @@ after(async () => {
  * @property {import('playwright-core').CDPSession} input
  */
 async function atHeart(options, use) {
-  const { page, record } = await openExam(browser, server, options);
+  const { page, record } = options ? await openExam(browser, server, options) : shared;
   const { host, element, candidate } = await showItem(page);
   const input = await page.context().newCDPSession(page);
   try {
@@ -46,7 +49,8 @@ async function atHeart(options, use) {
     const logged = told.filter(({ event }) => event === 'log');
     assert.deepEqual([logged, record.errors, record.violations], [[], [], []]);
   } finally {
-    await page.context().close();
+    if (options) await page.context().close();
+    else await element.evaluate((each) => each.remove());
   }
 }
 
@@ -261,10 +265,10 @@ const GESTURES = [
     want: ['A1'],
   },
   {
-    why: 'the page is zoomed',
+    why: 'the page shows the element zoomed',
     act: async (seat) => {
-      await seat.page.evaluate(() => {
-        document.documentElement.style.zoom = '0.7';
+      await seat.element.evaluate(({ style }) => {
+        style.zoom = '0.7';
       });
       await carry(seat, 'source 9', 'target 6', 'target 1');
     },
@@ -356,7 +360,7 @@ async function resize({ page, element }, width, height) {
   );
 }
 
-for (const { why, options = {}, act, want } of GESTURES) {
+for (const { why, options, act, want } of GESTURES) {
   test(why, () =>
     atHeart(options, async (seat) => {
       await act(seat);
@@ -474,7 +478,7 @@ function focusedPart(element) {
 }
 
 test('bars between panes follow the mouse and the arrows', () =>
-  atHeart({}, async ({ candidate, element }) => {
+  atHeart(undefined, async ({ candidate, element }) => {
     const sizes = () =>
       element.evaluate((each) => [
         each.shadowRoot.querySelector('#scrItemStem').offsetHeight,
@@ -515,7 +519,7 @@ const SHEETS = [
 ];
 
 test('style sheets of the page do not change the element', () =>
-  atHeart({}, async ({ element }) => {
+  atHeart(undefined, async ({ element }) => {
     const shown = await element.evaluate(geometry);
     assert.ok(shown.length > 100);
     for (const [why, css] of SHEETS) {
@@ -528,6 +532,7 @@ test('style sheets of the page do not change the element', () =>
       );
       assert.equal(now.length, shown.length);
     }
+    await element.evaluate(setSheet, '');
   }));
 
 /** Runs in the page. */
@@ -553,7 +558,7 @@ function geometry(element) {
 }
 
 test('a drag lays nothing out', () =>
-  atHeart({}, async ({ candidate, input, page }) => {
+  atHeart(undefined, async ({ candidate, input, page }) => {
     await input.send('Performance.enable');
     const layouts = async () => {
       const { metrics } = await input.send('Performance.getMetrics');
