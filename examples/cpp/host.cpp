@@ -42,12 +42,12 @@ class Support : public zav::Object {
   explicit Support(fs::path folder) : folder_(std::move(folder)) {}
 
   zav::Variant Invoke(std::string_view name, Arguments arguments, zav::InvokeKind kind) override {
-    static const zav::MemberTable<Support> members({
+    static constexpr zav::MemberTable<Support>::Member kMembers[] = {
         {"GetLocalizePath", 1, &LocalizePath, {}},
         {"GetGraphicsPath", 1, &GraphicsPath, {}},
         {"GetSupportFileDir", 1, &SupportFileDir, {}},
-    });
-    return members.Invoke(*this, name, arguments, kind);
+    };
+    return zav::MemberTable<Support>(kMembers).Invoke(*this, name, arguments, kind);
   }
 
  private:
@@ -73,12 +73,12 @@ class Parent : public zav::Object {
   explicit Parent(fs::path folder) : folder_(std::move(folder)) {}
 
   zav::Variant Invoke(std::string_view name, Arguments arguments, zav::InvokeKind kind) override {
-    static const zav::MemberTable<Parent> members({
+    static constexpr zav::MemberTable<Parent>::Member kMembers[] = {
         {"LogError", 6, &LogError, {}},
         {"ShowMessage", 3, &ShowMessage, {}},
         {"GetGraphicsPath", 1, &GraphicsPath, {}},
-    });
-    return members.Invoke(*this, name, arguments, kind);
+    };
+    return zav::MemberTable<Parent>(kMembers).Invoke(*this, name, arguments, kind);
   }
 
  private:

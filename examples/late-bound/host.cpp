@@ -51,13 +51,13 @@ class EventPrinter : public zav::EventSink {
 class HalfPoints : public zav::Object {
  public:
   zav::Variant Invoke(std::string_view name, Arguments arguments, zav::InvokeKind kind) override {
-    static const zav::MemberTable<HalfPoints> members({
+    static constexpr zav::MemberTable<HalfPoints>::Member kMembers[] = {
         {"Document", 0, &Read, &Store},
         {"CalculateScore", 1, &Calculate, {}},
         {"MaxScore", 1, &Most, {}},
         {"MinScore", 1, &Least, {}},
-    });
-    return members.Invoke(*this, name, arguments, kind);
+    };
+    return zav::MemberTable<HalfPoints>(kMembers).Invoke(*this, name, arguments, kind);
   }
 
  private:
