@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "automation/AutomationError.h"
 
@@ -32,33 +33,6 @@ std::string PlaceAfter(std::string_view before) {
                         std::string(what) + " at " + PlaceAfter(before));
 }
 
-std::size_t SequenceLength(unsigned char lead) {
-  if (lead < 0x80) return 1;
-  if (lead < 0xC0) return 0;
-  if (lead < 0xE0) return 2;
-  if (lead < 0xF0) return 3;
-  return lead < 0xF8 ? 4 : 0;
-}
-
-void AppendUnit(std::vector<std::uint8_t>& bytes, char32_t unit) {
-  bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
-  bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
-}
-
-std::size_t OffsetOfCharacter(std::string_view text, std::size_t count) {
-  std::size_t at = 0;
-  for (; at < text.size(); ++at) {
-    if (!IsContinuation(text[at]) && count-- == 0) break;
-  }
-  return at;
-}
-
-char UpperCaseLetter(char letter) {
-  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-}  // namespace
-
 void AppendUtf8(std::string& text, char32_t character) {
   const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
   if (character < 0x80) {
@@ -79,6 +53,16 @@ void AppendUtf8(std::string& text, char32_t character) {
   append(0x80 | (character & 0x3F));
 }
 
+std::size_t SequenceLength(unsigned char lead) {
+  if (lead < 0x80) return 1;
+  if (lead < 0xC0) return 0;
+  if (lead < 0xE0) return 2;
+  if (lead < 0xF0) return 3;
+  return lead < 0xF8 ? 4 : 0;
+}
+
+// The character whose bytes start at text[at], and moves at past them. Nothing, and at stays,
+// when they are not one well-formed character in its shortest form.
 std::optional<char32_t> TakeCharacter(std::string_view text, std::size_t& at) {
   static constexpr std::array<char32_t, 5> kLeastOfLength = {0, 0, 0x80, 0x800,
                                                              kFirstSupplementary};
@@ -96,6 +80,25 @@ std::optional<char32_t> TakeCharacter(std::string_view text, std::size_t& at) {
   at += length;
   return character;
 }
+
+void AppendUnit(std::vector<std::uint8_t>& bytes, char32_t unit) {
+  bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
+  bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+}
+
+std::size_t OffsetOfCharacter(std::string_view text, std::size_t count) {
+  std::size_t at = 0;
+  for (; at < text.size(); ++at) {
+    if (!IsContinuation(text[at]) && count-- == 0) break;
+  }
+  return at;
+}
+
+char UpperCaseLetter(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+}  // namespace
 
 std::string Utf16LeToUtf8(std::span<const std::uint8_t> bytes) {
   std::string text;

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,10 +16,6 @@ namespace zav {
 std::string Utf16LeToUtf8(std::span<const std::uint8_t> bytes);
 // No byte-order mark, no terminator. Raises 5 for ill-formed UTF-8.
 std::vector<std::uint8_t> Utf8ToUtf16Le(std::string_view text);
-void AppendUtf8(std::string& text, char32_t character);
-// The character whose bytes start at text[at], which is not the end, and moves at past them.
-// Nothing, and at stays, when they are not one well-formed character in its shortest form.
-std::optional<char32_t> TakeCharacter(std::string_view text, std::size_t& at);
 bool IsWellFormedUtf8(std::string_view text);
 // The length in UTF-16 code units: what hosts are promised.
 std::size_t Utf16Length(std::string_view text);

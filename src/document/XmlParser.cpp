@@ -1,9 +1,17 @@
 #include "document/XmlParser.h"
 
+#include <expat.h>
+
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <limits>
+#include <memory>
+#include <new>
 #include <optional>
-#include <set>
+#include <random>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -16,53 +24,24 @@ namespace zav {
 namespace {
 
 constexpr std::size_t kExcerptCharacters = 20;
-constexpr std::string_view kBlanks = " \t\r\n";
-constexpr std::string_view kSectionEnd = "]]>";
-constexpr char32_t kPastCharacters = 0x110000;
-constexpr char32_t kPastAscii = 0x80;
 
-// What an error says was expected.
-constexpr std::string_view kAllowed = "expected what may stand here in XML";
-constexpr std::string_view kEnd = "expected the end of what begins here";
-constexpr std::string_view kElement = "expected an element";
-constexpr std::string_view kDeclaration = "expected a well-formed XML declaration";
-
-struct Range {
-  char32_t first;
-  char32_t last;
+struct ParserDeleter {
+  void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
 };
 
-constexpr Range kNameStarts[] = {
-    {':', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},
-    {0xC0, 0xD6},     {0xD8, 0xF6},     {0xF8, 0x2FF},    {0x370, 0x37D},
-    {0x37F, 0x1FFF},  {0x200C, 0x200D}, {0x2070, 0x218F}, {0x2C00, 0x2FEF},
-    {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}, {0x10000, 0xEFFFF}};
-constexpr Range kOtherNameCharacters[] = {
-    {'-', '.'}, {'0', '9'}, {0xB7, 0xB7}, {0x300, 0x36F}, {0x203F, 0x2040}};
+using ParserPointer = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
 
-bool IsOneOf(std::span<const Range> ranges, char32_t character) {
-  return std::any_of(ranges.begin(), ranges.end(), [=](const Range& range) {
-    return character >= range.first && character <= range.last;
-  });
-}
-
-bool StartsName(char32_t character) { return IsOneOf(kNameStarts, character); }
-
-bool ContinuesName(char32_t character) {
-  return StartsName(character) || IsOneOf(kOtherNameCharacters, character);
-}
-
-bool IsBlank(char character) { return Contains(kBlanks, {&character, 1}); }
-
-bool IsForbidden(char32_t character) {
-  const bool isControl = character < ' ' && !IsBlank(static_cast<char>(character));
-  return isControl || character == 0xFFFE || character == 0xFFFF;
+ParserPointer MakeParser(XmlEncoding encoding) {
+  ParserPointer parser(XML_ParserCreate(encoding == XmlEncoding::Utf8 ? "UTF-8" : nullptr));
+  if (!parser) throw std::bad_alloc();
+  XML_SetHashSalt(parser.get(), std::random_device()());
+  return parser;
 }
 
 std::string ByteText(char byte) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  const auto value = static_cast<unsigned char>(byte);
-  return std::string("the byte 0x") + kDigits[value >> 4] + kDigits[value & 0xF];
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "the byte 0x%02X", static_cast<unsigned char>(byte));
+  return text.data();
 }
 
 // The beginning of text as it can stand in a message of one line.
@@ -76,321 +55,107 @@ std::string Excerpt(std::string_view text) {
   return "\"" + std::string(excerpt) + "\"";
 }
 
-std::string Latin1ToUtf8(std::string_view bytes) {
-  std::string text;
-  for (const char byte : bytes) AppendUtf8(text, static_cast<unsigned char>(byte));
-  return text;
+std::string Expectation(XML_Error error, std::string_view openElement) {
+  const bool isOpen = !openElement.empty();
+  std::string endTag = "expected </" + std::string(openElement) + ">";
+  switch (error) {
+    case XML_ERROR_NO_ELEMENTS:
+      return isOpen ? endTag : "expected an element";
+    case XML_ERROR_TAG_MISMATCH:
+      return endTag;
+    case XML_ERROR_SYNTAX:
+      return "expected an element";
+    case XML_ERROR_INVALID_TOKEN:
+      return "expected what may stand here in XML";
+    case XML_ERROR_UNCLOSED_TOKEN:
+      return "expected the end of what begins here";
+    case XML_ERROR_PARTIAL_CHAR:
+      return "expected a whole character";
+    case XML_ERROR_DUPLICATE_ATTRIBUTE:
+      return "expected each attribute once";
+    case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
+      return "expected nothing after the document element";
+    case XML_ERROR_UNDEFINED_ENTITY:
+      return "expected amp, lt, gt, quot or apos as entity";
+    case XML_ERROR_BAD_CHAR_REF:
+      return "expected the number of a character";
+    case XML_ERROR_MISPLACED_XML_PI:
+      return "expected an XML declaration only at the beginning";
+    case XML_ERROR_UNKNOWN_ENCODING:
+    case XML_ERROR_INCORRECT_ENCODING:
+      return "expected the encoding UTF-8, UTF-16, ISO-8859-1 or US-ASCII";
+    case XML_ERROR_UNCLOSED_CDATA_SECTION:
+      return "expected ]]>";
+    default:
+      return XML_ErrorString(error);
+  }
 }
 
-// The digit's value, or nothing for what is no digit of that base.
-std::optional<char32_t> DigitValue(char digit, char32_t base) {
-  const auto code = static_cast<unsigned char>(digit);
-  if (code >= '0' && code <= '9') return code - '0';
-  const char32_t letter = code | 0x20U;
-  if (base == 16 && letter >= 'a' && letter <= 'f') return letter - 'a' + 10;
-  return std::nullopt;
-}
-
-// One run through a text. It goes forward only, and nothing recurses.
+// One run of the parser. No exception may pass through the parser, which is C: what goes wrong in
+// a handler is kept, stops the parser and is raised afterwards.
 class Reader {
  public:
-  Reader(XmlTree& tree, std::string_view source, std::string_view documentName)
-      : tree_(tree), source_(source), documentName_(documentName) {}
+  Reader(XmlTree& tree, std::string_view source, XmlEncoding encoding,
+         std::string_view documentName)
+      : tree_(tree), source_(source), documentName_(documentName), parser_(MakeParser(encoding)) {
+    XML_SetUserData(parser_.get(), this);
+    XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
+    XML_SetCharacterDataHandler(parser_.get(), OnText);
+    XML_SetStartDoctypeDeclHandler(parser_.get(), OnDoctype);
+  }
 
-  XmlTree::NodeId Read(XmlEncoding encoding) {
-    try {
-      ReadDocument(encoding);
-    } catch (...) {
-      if (root_ != XmlTree::kNone) tree_.Remove(root_);
-      throw;
+  XmlTree::NodeId Read() {
+    if (source_.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+      throw std::bad_alloc();
     }
-    return root_;
+    const auto length = static_cast<int>(source_.size());
+    const XML_Status status = XML_Parse(parser_.get(), source_.data(), length, XML_TRUE);
+    if (status != XML_STATUS_OK && !failure_) failure_ = ParserError();
+    if (!failure_) return root_;
+    if (root_ != XmlTree::kNone) tree_.Remove(root_);
+    throw *failure_;
   }
 
  private:
-  void ReadDocument(XmlEncoding encoding) {
-    if (Starts("<?xml") && source_.size() > 5 && IsBlank(source_[5])) ReadDeclaration(encoding);
-    SkipMiscellaneous();
-    if (Take("<!DOCTYPE")) RefuseDoctype();
-    if (!Take("<")) Fail(at_, kElement);
-    ReadStartTag();
-    while (open_ != XmlTree::kNone) ReadContent();
-    SkipMiscellaneous();
-    if (!AtEnd() && !Starts("</")) Fail(at_, "expected nothing after the document element");
-    if (!AtEnd()) Fail(at_ + 1, kAllowed);
-  }
-
-  // Errors
-
-  [[noreturn]] void Raise(std::size_t at, const std::string& problem) const {
-    std::size_t line = 1;
-    std::size_t lineStart = 0;
-    for (std::size_t i = 0; i < at; ++i) {
-      const bool isLoneReturn = source_[i] == '\r' && !source_.substr(i + 1).starts_with('\n');
-      if (source_[i] != '\n' && !isLoneReturn) continue;
-      ++line;
-      lineStart = i + 1;
-    }
-    const std::size_t column = CharacterCount(source_.substr(lineStart, at - lineStart)) + 1;
-    std::string description = "XML error";
-    if (!documentName_.empty()) description += " in " + std::string(documentName_);
-    description += " at line " + std::to_string(line) + ", column " + std::to_string(column);
-    throw AutomationError(error_number::kComponent, description + ": " + problem, "DataIO");
-  }
-
-  [[noreturn]] void Fail(std::size_t at, std::string_view expectation) const {
-    Raise(at, std::string(expectation) + ", found " + Excerpt(source_.substr(at)));
-  }
-
-  // What stands next is not what must stand here.
-  [[noreturn]] void FailHere() const {
-    if (AtEnd()) Fail(token_, kEnd);
-    Fail(at_, kAllowed);
-  }
-
-  [[noreturn]] void RefuseDoctype() {
-    TakeBlanks();
-    Raise(token_, "expected an element, found <!DOCTYPE " + std::string(TakeName()) + ">");
-  }
-
-  // Characters
-
-  [[nodiscard]] bool AtEnd() const { return at_ == source_.size(); }
-  [[nodiscard]] char Next() const { return AtEnd() ? '\0' : source_[at_]; }
-  [[nodiscard]] bool Starts(std::string_view text) const {
-    return source_.substr(at_).starts_with(text);
-  }
-  [[nodiscard]] std::string_view Since(std::size_t start) const {
-    return source_.substr(start, at_ - start);
-  }
-
-  bool Take(std::string_view text) {
-    if (!Starts(text)) return false;
-    at_ += text.size();
-    return true;
-  }
-
-  void Expect(char character) {
-    if (Next() != character) FailHere();
-    ++at_;
-  }
-
-  // Whether there are any.
-  bool TakeBlanks() {
-    const std::size_t start = at_;
-    at_ = std::min(source_.find_first_not_of(kBlanks, at_), source_.size());
-    return at_ > start;
-  }
-
-  char32_t TakeCharacter() {
-    if (AtEnd()) FailHere();
-    std::size_t next = at_;
-    const std::optional<char32_t> character = zav::TakeCharacter(source_, next);
-    if (!character || IsForbidden(*character) || *character >= pastCharacters_) FailHere();
-    at_ = next;
-    return *character;
-  }
-
-  std::string_view TakeName() {
-    const std::size_t start = at_;
-    if (AtEnd()) FailHere();
-    bool (*belongs)(char32_t) = StartsName;
-    for (;;) {
-      const std::size_t before = at_;
-      if (belongs(TakeCharacter())) {
-        belongs = ContinuesName;
-        continue;
-      }
-      at_ = before;
-      if (before == start) FailHere();
-      return Since(start);
+  template <typename Step>
+  static void Run(void* userData, Step step) {
+    auto& self = *static_cast<Reader*>(userData);
+    if (self.failure_) return;
+    try {
+      step(self);
+    } catch (...) {
+      self.failure_ = CurrentError();
+      XML_StopParser(self.parser_.get(), XML_FALSE);
     }
   }
 
-  // Up to the end mark and past it.
-  std::string_view TakeUntil(std::string_view end) {
-    const std::size_t start = at_;
-    while (!Starts(end)) TakeCharacter();
-    const std::string_view taken = Since(start);
-    at_ += end.size();
-    return taken;
+  static void XMLCALL OnStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
+    Run(userData, [=](Reader& self) { self.Start(name, attributes); });
   }
 
-  // What stands around the document element
-
-  void SkipMiscellaneous() {
-    for (;;) {
-      TakeBlanks();
-      token_ = at_;
-      if (Take("<!--")) {
-        SkipComment();
-      } else if (Take("<?")) {
-        SkipInstruction();
-      } else {
-        return;
-      }
-    }
+  static void XMLCALL OnEnd(void* userData, const XML_Char* /*name*/) {
+    Run(userData, [](Reader& self) { self.End(); });
   }
 
-  void SkipComment() {
-    TakeUntil("--");
-    Expect('>');
+  static void XMLCALL OnText(void* userData, const XML_Char* text, int length) {
+    const std::string_view characters(text, static_cast<std::size_t>(length));
+    Run(userData, [=](Reader& self) { self.Text(characters); });
   }
 
-  void SkipInstruction() {
-    const std::string_view target = TakeName();
-    if (target == "xml") Fail(token_, "expected an XML declaration only at the beginning");
-    if (EqualIgnoringCase(target, "xml")) FailHere();
-    if (!Starts("?>") && !TakeBlanks()) FailHere();
-    TakeUntil("?>");
-  }
-
-  void ReadDeclaration(XmlEncoding encoding) {
-    at_ += 5;
-    if (!TakeSetting("version")) Fail(at_, kDeclaration);
-    const std::optional<std::string_view> name = TakeSetting("encoding");
-    const std::size_t nameAt = at_ - (name ? name->size() + 1 : 0);
-    if (name && (name->empty() || !StartsName(static_cast<unsigned char>(name->front())))) {
-      Fail(nameAt, kDeclaration);
-    }
-    const std::optional<std::string_view> standalone = TakeSetting("standalone");
-    if (standalone && standalone != "yes" && standalone != "no") Fail(at_, kDeclaration);
-    TakeBlanks();
-    if (!Take("?>")) Fail(at_, kDeclaration);
-    if (name && encoding == XmlEncoding::Declared) TakeEncoding(*name, nameAt);
-  }
-
-  // The value of what a declaration sets, or nothing when it does not set that.
-  std::optional<std::string_view> TakeSetting(std::string_view name) {
-    const std::size_t before = at_;
-    if (!TakeBlanks() || !Take(name)) {
-      at_ = before;
-      return std::nullopt;
-    }
-    TakeBlanks();
-    Expect('=');
-    TakeBlanks();
-    const char quote = TakeQuote();
-    const std::string_view value = TakeUntil({&quote, 1});
-    const bool isPlain = std::all_of(value.begin(), value.end(), [](char character) {
-      return ContinuesName(static_cast<unsigned char>(character)) && character != ':';
+  static void XMLCALL OnDoctype(void* userData, const XML_Char* name, const XML_Char* /*system*/,
+                                const XML_Char* /*publicId*/, int /*hasInternalSubset*/) {
+    Run(userData, [=](Reader& self) {
+      throw self.Error("expected an element, found <!DOCTYPE " + std::string(name) + ">");
     });
-    if (!isPlain) Fail(at_ - value.size() - 1, kDeclaration);
-    return value;
   }
 
-  char TakeQuote() {
-    if (Next() != '"' && Next() != '\'') FailHere();
-    return source_[at_++];
-  }
-
-  void TakeEncoding(std::string_view name, std::size_t nameAt) {
-    if (EqualIgnoringCase(name, "ISO-8859-1")) {
-      const std::string_view read = source_.substr(0, at_);
-      converted_ = std::string(read) + Latin1ToUtf8(source_.substr(at_));
-      source_ = converted_;
-    } else if (EqualIgnoringCase(name, "US-ASCII")) {
-      pastCharacters_ = kPastAscii;
-    } else if (!EqualIgnoringCase(name, "UTF-8")) {
-      Fail(nameAt, "expected the encoding UTF-8, UTF-16, ISO-8859-1 or US-ASCII");
+  void Start(const XML_Char* name, const XML_Char** namesAndValues) {
+    std::vector<XmlAttribute> attributes;
+    for (; *namesAndValues != nullptr; namesAndValues += 2) {
+      attributes.push_back({namesAndValues[0], namesAndValues[1]});
     }
-  }
-
-  // What stands in an element
-
-  void ReadContent() {
-    token_ = at_;
-    if (AtEnd()) Fail(at_, EndTag());
-    if (Take("<!--")) {
-      SkipComment();
-    } else if (Take("<![CDATA[")) {
-      ReadSection();
-    } else if (Take("<?")) {
-      SkipInstruction();
-    } else if (Take("</")) {
-      ReadEndTag();
-    } else if (Take("<")) {
-      ReadStartTag();
-    } else if (Next() == '&') {
-      std::string text;
-      TakeReference(text);
-      tree_.AppendText(open_, text);
-    } else {
-      ReadText();
-    }
-  }
-
-  [[nodiscard]] std::string EndTag() const { return "expected </" + tree_.At(open_).content + ">"; }
-
-  void ReadText() {
-    while (!AtEnd() && Next() != '<' && Next() != '&') {
-      if (Starts(kSectionEnd)) Fail(at_ + 2, kAllowed);
-      TakeCharacter();
-    }
-    tree_.AppendText(open_, Since(token_));
-  }
-
-  void ReadSection() {
-    const std::size_t start = at_;
-    while (!Starts(kSectionEnd)) {
-      if (AtEnd()) Fail(at_, "expected ]]>");
-      TakeCharacter();
-    }
-    if (at_ > start) tree_.AppendText(open_, Since(start));
-    at_ += kSectionEnd.size();
-  }
-
-  // The character that a reference stands for, at the end of text.
-  void TakeReference(std::string& text) {
-    const std::size_t start = at_++;
-    if (Take("#")) {
-      AppendUtf8(text, TakeCharacterNumber(start));
-      return;
-    }
-    const std::string_view name = TakeName();
-    Expect(';');
-    static constexpr std::pair<std::string_view, char> kEntities[] = {
-        {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
-    for (const auto& [entity, character] : kEntities) {
-      if (entity != name) continue;
-      text += character;
-      return;
-    }
-    Fail(start, "expected amp, lt, gt, quot or apos as entity");
-  }
-
-  char32_t TakeCharacterNumber(std::size_t start) {
-    const char32_t base = Take("x") ? 16 : 10;
-    if (!DigitValue(Next(), base)) FailHere();
-    char32_t number = 0;
-    while (const std::optional<char32_t> digit = DigitValue(Next(), base)) {
-      number = std::min<char32_t>(number * base + *digit, kPastCharacters);
-      ++at_;
-    }
-    Expect(';');
-    const bool isSurrogate = number >= 0xD800 && number <= 0xDFFF;
-    if (isSurrogate || IsForbidden(number) || number >= kPastCharacters) {
-      Fail(start, "expected the number of a character");
-    }
-    return number;
-  }
-
-  void ReadEndTag() {
-    const std::size_t nameAt = at_;
-    const std::string_view name = TakeName();
-    TakeBlanks();
-    Expect('>');
-    if (name != tree_.At(open_).content) Fail(nameAt, EndTag());
-    CloseElement();
-  }
-
-  void ReadStartTag() {
-    const std::string_view name = TakeName();
-    std::vector<XmlAttribute> attributes = ReadAttributes();
-    const bool isEmpty = Take("/");
-    Expect('>');
     const std::string problem = namespaces_.Open(name, attributes);
-    if (!problem.empty()) Raise(token_, problem);
+    if (!problem.empty()) throw Error(problem);
     const XmlTree::NodeId element = tree_.AddElement(name, std::move(attributes));
     if (open_ == XmlTree::kNone) {
       root_ = element;
@@ -398,70 +163,58 @@ class Reader {
       tree_.AppendChild(open_, element);
     }
     open_ = element;
-    if (isEmpty) CloseElement();
   }
 
-  void CloseElement() {
-    const XmlTree::Node& element = tree_.At(open_);
-    namespaces_.Close(element.attributes);
-    open_ = element.parent;
+  void End() {
+    namespaces_.Close(tree_.At(open_).attributes);
+    open_ = tree_.At(open_).parent;
   }
 
-  std::vector<XmlAttribute> ReadAttributes() {
-    std::vector<XmlAttribute> attributes;
-    std::set<std::string_view> names;
-    for (;;) {
-      const bool isApart = TakeBlanks();
-      if (Next() == '>' || Next() == '/') return attributes;
-      if (!isApart) FailHere();
-      const std::size_t nameAt = at_;
-      const std::string_view name = TakeName();
-      if (!names.insert(name).second) Fail(nameAt, "expected each attribute once");
-      TakeBlanks();
-      Expect('=');
-      TakeBlanks();
-      attributes.push_back({std::string(name), ReadValue()});
-    }
+  void Text(std::string_view text) { tree_.AppendText(open_, text == "\n" ? LineEnd() : text); }
+
+  // The parser hands over every line end as a line feed, each by itself.
+  [[nodiscard]] std::string_view LineEnd() const {
+    const std::string_view here = Here();
+    if (here.starts_with("\r\n")) return "\r\n";
+    return here.starts_with("\r") ? "\r" : "\n";
   }
 
-  // Every blank in a value counts as a space, a line end of two characters as one.
-  std::string ReadValue() {
-    const char quote = TakeQuote();
-    std::string value;
-    while (Next() != quote) {
-      const std::size_t start = at_;
-      if (Next() == '<') FailHere();
-      if (Next() == '&') {
-        TakeReference(value);
-      } else if (Take("\r\n") || IsBlank(Next())) {
-        at_ = std::max(at_, start + 1);
-        value += ' ';
-      } else {
-        TakeCharacter();
-        value += Since(start);
-      }
-    }
-    ++at_;
-    return value;
+  // The source from the parser's place on.
+  [[nodiscard]] std::string_view Here() const {
+    const XML_Index at = XML_GetCurrentByteIndex(parser_.get());
+    const std::size_t offset = at < 0 ? source_.size() : static_cast<std::size_t>(at);
+    return source_.substr(std::min(offset, source_.size()));
+  }
+
+  [[nodiscard]] AutomationError ParserError() const {
+    const XML_Error error = XML_GetErrorCode(parser_.get());
+    if (error == XML_ERROR_NO_MEMORY) return {error_number::kOutOfMemory, "Out of memory"};
+    return Error(Expectation(error, tree_.At(open_).content) + ", found " + Excerpt(Here()));
+  }
+
+  [[nodiscard]] AutomationError Error(const std::string& problem) const {
+    std::string description = "XML error";
+    if (!documentName_.empty()) description += " in " + std::string(documentName_);
+    description += " at line " + std::to_string(XML_GetCurrentLineNumber(parser_.get()));
+    description += ", column " + std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1);
+    return {error_number::kComponent, description + ": " + problem, "DataIO"};
   }
 
   XmlTree& tree_;
   std::string_view source_;
-  std::string converted_;  // the source when it was not UTF-8
   std::string_view documentName_;
-  char32_t pastCharacters_ = kPastCharacters;  // of the document's encoding
-  std::size_t at_ = 0;
-  std::size_t token_ = 0;  // where what is being read begins
+  ParserPointer parser_;
   XmlNamespaces namespaces_;
   XmlTree::NodeId root_ = XmlTree::kNone;
   XmlTree::NodeId open_ = XmlTree::kNone;  // the innermost element that is still open
+  std::optional<AutomationError> failure_;
 };
 
 }  // namespace
 
 XmlTree::NodeId ParseXml(XmlTree& tree, std::string_view source, XmlEncoding encoding,
                          std::string_view documentName) {
-  return Reader(tree, source, documentName).Read(encoding);
+  return Reader(tree, source, encoding, documentName).Read();
 }
 
 }  // namespace zav

@@ -46,9 +46,10 @@ async function copyArtwork(folder) {
 }
 
 /** What the authors of bundled code ask to be passed on. */
-async function writeLicences(output) {
+async function writeLicences(output, build) {
   const bundled = {
     DOMPurify: join(web, 'node_modules/dompurify/LICENSE'),
+    Expat: join(build, 'expat/COPYING'),
   };
   let text = 'This package contains code of others, under these licences.\n';
   for (const [name, file] of Object.entries(bundled)) {
@@ -68,7 +69,7 @@ async function buildPackage(build, folder) {
     cp(join(web, 'src/zav-drag-drop.d.ts'), inPackage('zav-drag-drop.d.ts')),
     cp(join(web, 'README.md'), inPackage('README.md')),
     copyArtwork(inPackage('artwork')),
-    writeLicences(inPackage('LICENSES.txt')),
+    writeLicences(inPackage('LICENSES.txt'), build),
     writeDescription(inPackage('package.json')),
   ]);
 }
