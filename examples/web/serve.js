@@ -34,7 +34,7 @@ const TYPES = {
 const POLICY = [
   "default-src 'none'",
   "script-src 'self' 'wasm-unsafe-eval'",
-  "style-src 'self'",
+  "style-src 'self'", // for the page; the element needs none
   "img-src 'self'", // where the package and the pictures of items are
   "connect-src 'self'", // where the package and the items are
   // These two may be left out.

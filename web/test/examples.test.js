@@ -70,6 +70,17 @@ test('the page of ten lines shows an item that can be answered', async () => {
   });
 });
 
+test('the script in the README of the package runs in such a page', async () => {
+  const readme = await readFile(join(root, 'web/README.md'), 'utf8');
+  const [, script] = /^```js\n([^]*?)^```$/m.exec(readme) ?? [];
+  await withPage('ten-lines.html', async (page) => {
+    const run = `(async () => {${script} return [item.state, fRawScore]; })()`;
+    const [state, score] = await page.evaluate(run);
+    assert.equal(score, 0);
+    assert.equal(await page.evaluate(() => sessionStorage.getItem('state')), state);
+  });
+});
+
 test('the page that is a host keeps answers over a reload, asks, and scores', async () => {
   await withPage('', async (page) => {
     let candidate = await sitBefore(page);
