@@ -4,6 +4,9 @@
 
 #include <array>
 
+// The "$" of regular expressions.
+#pragma clang diagnostic ignored "-Wdollar-in-identifier-extension"
+
 // clang-format off
 // JavaScript's own texts differ in that halves are rounded away from zero and exponents are written
 // from other sizes on. A hundred digits show whether what is left out is exactly half.
