@@ -132,18 +132,20 @@ export class ZavDragDropElement extends HTMLElement {
 
   connectedCallback() {
     this.#sizes.observe(this);
-    if (this.hasAttribute('src')) this.#reload();
+    if (this.hasAttribute('src') && !this.#component) this.#reload();
   }
 
   disconnectedCallback() {
-    // An element that is only moved is connected again at once.
+    // An element that is only moved is connected again at once, and keeps its item.
     queueMicrotask(() => {
       if (!this.isConnected) this.dispose();
     });
   }
 
   attributeChangedCallback() {
-    if (this.isConnected && this.hasAttribute('src')) this.#reload();
+    if (!this.hasAttribute('src')) return;
+    if (this.isConnected) this.#reload();
+    else this.dispose(); // loaded when it is connected
   }
 
   /** The item of `src` is loaded and shown; rejected when it could not be had. */
