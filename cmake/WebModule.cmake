@@ -14,6 +14,8 @@ function(add_web_module name)
   file(CONFIGURE OUTPUT "${exports}" CONTENT "${lines}\n")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${module_EXPORTS}")
 
+  # JavaScript stands in EM_JS, where $ is as good as any letter.
+  target_compile_options(${program} PRIVATE -Wno-dollar-in-identifier-extension)
   target_link_options(${program} PRIVATE
     # A module for pages with a strict content security policy; the page decides where it lies.
     -sMODULARIZE=1 -sEXPORT_ES6=1 -sENVIRONMENT=web -sDYNAMIC_EXECUTION=0
