@@ -85,6 +85,9 @@ async function shootItem(browser, site, { item, before, dragged, answered }, fol
   const [source, target] = dragged;
   await candidate.press(source);
   await candidate.moveTo(target);
+  // A little beside it, so that what is dragged is seen to hang over its target.
+  const { x, y } = await candidate.placeOf(target, { mayBeCovered: true });
+  await page.mouse.move(x + 14, y + 10);
   await shoot('dragging');
   await candidate.release();
   await candidate.wait(GLIDE_MS);
