@@ -3,7 +3,8 @@
  * answered, and the page that `zavdragdrop serve` shows.
  *
  * usage: node screenshots.js FOLDER
- * The package and the program must have been built.
+ * The package and the program must have been built. What is kept is compressed first, by hand (pngquant,
+ * optipng).
  */
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
