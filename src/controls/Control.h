@@ -7,11 +7,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "automation/Handler.h"
 #include "controls/ControlHost.h"
 #include "platform/Geometry.h"
 #include "platform/Picture.h"
@@ -137,15 +137,15 @@ class Control {
   [[nodiscard]] bool takesFocus() const { return takesFocus_; }
   void SetTakesFocus(bool takes) { takesFocus_ = takes; }
 
-  std::function<void(const MouseEvent&)> onMouseDown;
-  std::function<void(const MouseEvent&)> onMouseMove;
-  std::function<void(const MouseEvent&)> onMouseUp;
-  std::function<void()> onMouseCancel;  // the system took the pointer away: no release will come
-  std::function<void()> onHover;        // the pointer came over the control
-  std::function<void()> onClick;
-  std::function<void(const KeyEvent&)> onKeyDown;
-  std::function<void()> onFocus;
-  std::function<void()> onResize;
+  Handler<void(const MouseEvent&)> onMouseDown;
+  Handler<void(const MouseEvent&)> onMouseMove;
+  Handler<void(const MouseEvent&)> onMouseUp;
+  Handler<void()> onMouseCancel;  // the system took the pointer away: no release will come
+  Handler<void()> onHover;        // the pointer came over the control
+  Handler<void()> onClick;
+  Handler<void(const KeyEvent&)> onKeyDown;
+  Handler<void()> onFocus;
+  Handler<void()> onResize;
 
   // Called by the platform. Nothing happens on a disabled control, and nothing where the form
   // does not listen.

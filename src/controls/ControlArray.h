@@ -2,7 +2,6 @@
 // of every element that is loaded at run time.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -23,7 +22,7 @@ class ControlArray {
   }
 
   // Called for every element that is loaded, to connect its events.
-  std::function<void(T&, int index)> onLoad;
+  Handler<void(T&, int index)> onLoad;
 
   // Adds the next element, hidden, with the template's properties. Raises 360 for an index that is
   // loaded, 340 for one that would leave a gap.

@@ -2,7 +2,6 @@
 // was given as a parent.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "controls/Control.h"
@@ -19,7 +18,7 @@ class Form : public Control {
   void SetCaption(std::string caption) { Set(caption_, std::move(caption), change::kLook); }
 
   // The candidate closes the window. A form that does not listen cannot be closed.
-  std::function<void()> onClose;
+  Handler<void()> onClose;
   void RaiseClose();
 
   // The inner size: a form without a border has no other.

@@ -9,11 +9,10 @@ HtmlPane::~HtmlPane() { host().services().DropPage(id()); }
 
 void HtmlPane::LoadHtml(std::string page) {
   page_ = std::move(page);
-  pending_ = std::make_shared<int>();
+  loading_ = true;
   Changed(change::kContent);
-  host().services().LoadPage(id(), page_, [this, load = std::weak_ptr<int>(pending_)] {
-    if (load.expired()) return;
-    pending_.reset();
+  host().services().LoadPage(id(), page_, [this] {
+    loading_ = false;
     if (onPageLoaded) host().RunEvent([this] { onPageLoaded(); });
   });
 }

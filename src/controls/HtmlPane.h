@@ -2,8 +2,6 @@
 // ready until the platform has reported that very page loaded.
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <string>
 
 #include "controls/Control.h"
@@ -29,7 +27,7 @@ class HtmlPane : public Control {
 
   void LoadHtml(std::string page);
   [[nodiscard]] const std::string& page() const { return page_; }
-  [[nodiscard]] bool IsReady() const { return pending_ == nullptr; }
+  [[nodiscard]] bool IsReady() const { return !loading_; }
 
   // What the page has of the pane's width: a pane that scrolls itself keeps room for its bar.
   [[nodiscard]] int LayoutWidthPixels() const;
@@ -46,13 +44,13 @@ class HtmlPane : public Control {
   [[nodiscard]] bool scrollsItself() const { return scrollsItself_; }
   void SetScrollsItself(bool scrolls) { Set(scrollsItself_, scrolls, change::kLook); }
 
-  std::function<void()> onPageLoaded;
-  std::function<void(PageEvent&)> onPageEvent;
+  Handler<void()> onPageLoaded;
+  Handler<void(PageEvent&)> onPageEvent;
   void RaisePageEvent(PageEvent& event);
 
  private:
   std::string page_;
-  std::shared_ptr<int> pending_;  // stands for the load under way; replaced by each new page
+  bool loading_ = false;
   int marginPixels_ = 0;
   bool hasBorder_ = false;
   bool scrollsItself_ = false;

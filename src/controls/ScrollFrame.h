@@ -4,7 +4,6 @@
 // a prompt in its corner.
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "controls/Control.h"
@@ -37,8 +36,8 @@ class ScrollFrame : public Control {
   [[nodiscard]] bool IsInFrame(const Control& child) const;
   [[nodiscard]] Point ChildOffset(const Control& child) const override;
 
-  std::function<void()> onHorizontalScroll;
-  std::function<void()> onVerticalScroll;
+  Handler<void()> onHorizontalScroll;
+  Handler<void()> onVerticalScroll;
 
  private:
   [[nodiscard]] Size MostScrolled() const;

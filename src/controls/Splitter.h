@@ -5,7 +5,6 @@
 // panes', is in twips from the splitter's top left corner. Keys are compared as they are written.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,7 +53,7 @@ class Splitter : public Control {
   // The candidate drags the bar behind a pane: to its right where it stands in a row, below it
   // where it is a row of its own. Called by the platform at the end of the drag.
   void DragBar(std::string_view key, float paneSize);
-  std::function<void()> onSplitterEndDrag;
+  Handler<void()> onSplitterEndDrag;
 
   // Bars as they are laid out now, each with the pane that it sizes.
   struct Bar {

@@ -1,8 +1,7 @@
 // Ticks at an interval while it is enabled.
 #pragma once
 
-#include <functional>
-
+#include "automation/Handler.h"
 #include "controls/ControlHost.h"
 
 namespace zav {
@@ -19,7 +18,7 @@ class Timer {
   // Enabling a timer that runs changes nothing.
   void SetEnabled(bool enabled);
 
-  std::function<void()> onTimer;
+  Handler<void()> onTimer;
 
  private:
   ControlHost& host_;

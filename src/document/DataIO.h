@@ -12,13 +12,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "automation/Handler.h"
 #include "automation/Object.h"
 #include "automation/Variant.h"
 #include "document/XmlTree.h"
@@ -28,7 +28,7 @@ namespace zav {
 class DataIO : public Object {
  public:
   // Raises 53 for a missing file.
-  using FileReader = std::function<std::vector<std::uint8_t>(const std::string& path)>;
+  using FileReader = Handler<std::vector<std::uint8_t>(const std::string& path)>;
 
   // Without a reader no document can be loaded by path: that raises 53.
   explicit DataIO(FileReader readFile = {});

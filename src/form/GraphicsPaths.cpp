@@ -27,13 +27,13 @@ class Rewriting {
   std::size_t copied_ = 0;
 };
 
-std::string PicturePath(const std::string& name, const GraphicsPathResolver& resolve,
+std::string PicturePath(const std::string& name, GraphicsPathResolver resolve,
                         const std::string& supportDir) {
   const std::string path = Contains(name, "kvt.bmp") ? std::string() : resolve(name);
   return path.empty() ? supportDir + name : path;
 }
 
-std::string RewriteImages(const std::string& page, const GraphicsPathResolver& resolve,
+std::string RewriteImages(const std::string& page, GraphicsPathResolver resolve,
                           const std::string& supportDir) {
   constexpr std::string_view kImage = "<IMG";
   constexpr std::string_view kSource = "SRC=";
@@ -71,7 +71,7 @@ std::string RewriteStyle(const std::string& page, std::string_view opening,
 
 }  // namespace
 
-std::string RewriteGraphicsPaths(const std::string& html, const GraphicsPathResolver& resolve,
+std::string RewriteGraphicsPaths(const std::string& html, GraphicsPathResolver resolve,
                                  const std::string& supportDir) {
   std::string page = RewriteImages(html, resolve, supportDir);
   page = RewriteStyle(page, "BACKGROUND-IMAGE:url(", supportDir);

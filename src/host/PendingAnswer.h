@@ -3,21 +3,21 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
 #include <utility>
 
 #include "automation/AutomationError.h"
+#include "automation/Handler.h"
 #include "automation/Object.h"
 
 namespace zav {
 
 class PendingAnswer : public Object {
  public:
-  using Answered = std::function<void(std::int16_t answer)>;
+  using Answered = Handler<void(std::int16_t answer)>;
 
   // Who asked waits for the answer.
-  void Await(Answered answered) { answered_ = std::move(answered); }
+  void Await(Answered answered) { answered_ = answered; }
   // Nobody waits any more: an answer that still comes is not heard.
   void Drop() {
     answered_ = {};
@@ -28,12 +28,11 @@ class PendingAnswer : public Object {
     if (const Answered answered = std::exchange(answered_, {})) answered(answer);
   }
 
-  std::function<void()> onDropped;
+  Handler<void()> onDropped;
 
   Variant Invoke(std::string_view name, std::span<Variant> /*arguments*/,
                  InvokeKind /*kind*/) override {
-    throw AutomationError(error_number::kNoSuchMember,
-                          "Object does not support this member: " + std::string(name));
+    RaiseNoSuchMember(name);
   }
 
  private:

@@ -21,10 +21,11 @@ void Question::Ask(ItemOwner& owner, const std::string& text, std::int16_t style
     if (answer.pending) answer.pending->Drop();
   } else if (answer.pending) {
     pending_ = answer.pending;
-    pending_->Await([this, answered = std::move(answered)](std::int16_t given) {
+    answered_ = answered;
+    pending_->Await([this](std::int16_t given) {
       controlHost_.RunEvent([&] {
         Close();
-        answered(given);
+        answered_(given);
       });
     });
   } else {

@@ -6,7 +6,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -34,6 +33,7 @@ class Question {
   ControlHost& controlHost_;
   bool open_ = false;
   std::shared_ptr<PendingAnswer> pending_;  // while the host has not answered yet
+  Answered answered_;
 };
 
 }  // namespace zav

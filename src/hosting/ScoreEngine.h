@@ -9,7 +9,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,6 +16,7 @@
 #include <vector>
 
 #include "automation/ClassRegistry.h"
+#include "automation/Handler.h"
 #include "automation/Object.h"
 #include "host/ScoringEngine.h"
 
@@ -24,7 +24,7 @@ namespace zav {
 
 class ScoreEngine : public Object, public ScoringEngine {
  public:
-  using Log = std::function<void(const std::string& message)>;
+  using Log = Handler<void(const std::string& message)>;
 
   // The log is told, each time the raw score is calculated, of every key that is not well formed,
   // and of a weight that is no number before its error is raised.

@@ -6,11 +6,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "automation/Handler.h"
 #include "platform/Font.h"
 #include "platform/Picture.h"
 
@@ -56,13 +56,13 @@ class Services {
   // HTML panes. LoadPage starts loading a page into a pane and returns at once; loaded is called
   // later, from the event loop, once, unless another page was started for the pane meanwhile. A
   // page that cannot be shown counts as loaded.
-  virtual void LoadPage(ControlId pane, const std::string& html, std::function<void()> loaded) = 0;
+  virtual void LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) = 0;
   virtual void DropPage(ControlId pane) = 0;
   virtual int PageContentHeight(ControlId pane, int paneWidthPixels, int marginPixels) = 0;
   virtual int PageScrollTop(ControlId pane) = 0;
 
   // Timers tick from the event loop until they are stopped. Starting a running timer restarts it.
-  virtual void StartTimer(ControlId timer, int milliseconds, std::function<void()> tick) = 0;
+  virtual void StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) = 0;
   virtual void StopTimer(ControlId timer) = 0;
 
   // Windows. SetParent returns the parent that the window had.

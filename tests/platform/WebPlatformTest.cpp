@@ -296,16 +296,16 @@ TEST(PointerInput, StaysWithThePressedControl) {
   WebForm test;
   PointerInput pointer(test.platform);
   std::string heard;
-  const auto listen = [&](Control& control, const std::string& name) {
+  const auto listen = [&](Control& control, const char* name) {
     control.onMouseDown = [&heard, name](const MouseEvent& e) {
-      heard += name + " down " + std::to_string(static_cast<int>(e.x)) + "; ";
+      heard += std::string(name) + " down " + std::to_string(static_cast<int>(e.x)) + "; ";
     };
     control.onMouseMove = [&heard, name](const MouseEvent& e) {
-      heard += name + (e.button == MouseButton::Left ? " drag; " : " move; ");
+      heard += std::string(name) + (e.button == MouseButton::Left ? " drag; " : " move; ");
     };
-    control.onMouseUp = [&heard, name](const MouseEvent&) { heard += name + " up; "; };
-    control.onMouseCancel = [&heard, name] { heard += name + " cancel; "; };
-    control.onHover = [&heard, name] { heard += name + " hover; "; };
+    control.onMouseUp = [&heard, name](const MouseEvent&) { heard += std::string(name) + " up; "; };
+    control.onMouseCancel = [&heard, name] { heard += std::string(name) + " cancel; "; };
+    control.onHover = [&heard, name] { heard += std::string(name) + " hover; "; };
   };
   listen(test.hidden, "img");
   listen(test.frame, "scr");

@@ -1,10 +1,10 @@
 // What the footer's buttons do: Reset, Calculator and Instructions.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 
+#include "automation/Handler.h"
 #include "form/AreaRefresh.h"
 #include "form/PageLoading.h"
 #include "form/commands/frmInstructions.h"
@@ -27,7 +27,7 @@ class FooterCommands {
   // On while Set Answers clears the item: nothing is asked, and the areas are not refreshed.
   bool ResetWithoutConfirm = false;
   // Connects the events of the instructions' page.
-  std::function<void(HtmlPane&)> onInstructionsLoaded;
+  Handler<void(HtmlPane&)> onInstructionsLoaded;
 
   // Each reports under its own name.
   void cmdReset_Click();

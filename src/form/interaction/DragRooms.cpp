@@ -29,8 +29,8 @@ bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pre
          threshold < std::abs(event.x - static_cast<float>(pressX));
 }
 
-void FollowTarget(FormCore& form, const DragRooms& rooms, const std::function<void(int)>& entered,
-                  const std::function<void()>& left) {
+void FollowTarget(FormCore& form, const DragRooms& rooms, FunctionRef<void(int)> entered,
+                  Procedure left) {
   DragState& drag = form.drag;
   if (drag.CurrentTarget < 1) {
     if (drag.HighlightedTarget > 0) {

@@ -1,8 +1,6 @@
 // What both kinds of drag, from a source item and from a target, share.
 #pragma once
 
-#include <functional>
-
 #include "form/AreaRefresh.h"
 #include "form/ItemLookup.h"
 #include "form/TargetLook.h"
@@ -32,9 +30,8 @@ bool MovedEnough(const FormCore& form, const MouseEvent& event, std::int32_t pre
 // Follows the target in CurrentTarget while an item is dragged: the frame goes from the target that
 // the item left to the one it came over. entered is called when it came over another target, left
 // whenever it is over none.
-void FollowTarget(FormCore& form, const DragRooms& rooms,
-                  const std::function<void(int target)>& entered,
-                  const std::function<void()>& left);
+void FollowTarget(FormCore& form, const DragRooms& rooms, FunctionRef<void(int target)> entered,
+                  Procedure left);
 
 // Ends a drag as if it had never begun: the item is where it was, and nothing shows of the drag.
 void CancelDrag(FormCore& form, const DragRooms& rooms);

@@ -97,8 +97,7 @@ int HeadlessPlatform::RichTextHeight(const RichContent& content, int widthPixels
   return TextHeightPixels(content, widthPixels, PageLoader());
 }
 
-void HeadlessPlatform::LoadPage(ControlId pane, const std::string& html,
-                                std::function<void()> loaded) {
+void HeadlessPlatform::LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) {
   pages_.Load(pane, html, std::move(loaded));
 }
 
@@ -112,7 +111,7 @@ int HeadlessPlatform::PageContentHeight(ControlId pane, int paneWidthPixels, int
 
 int HeadlessPlatform::PageScrollTop(ControlId pane) { return pages_.ScrollTop(pane); }
 
-void HeadlessPlatform::StartTimer(ControlId timer, int milliseconds, std::function<void()> tick) {
+void HeadlessPlatform::StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) {
   timers_.Start(timer, milliseconds, std::move(tick));
 }
 

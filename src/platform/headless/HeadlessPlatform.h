@@ -20,10 +20,10 @@
 #include "controls/HtmlPane.h"
 #include "platform/Presenter.h"
 #include "platform/Services.h"
+#include "platform/WindowTable.h"
 #include "platform/headless/CandidateInput.h"
 #include "platform/headless/PageStore.h"
 #include "platform/headless/VirtualClock.h"
-#include "platform/WindowTable.h"
 
 namespace zav {
 
@@ -112,11 +112,11 @@ class HeadlessPlatform final : public Services, public Presenter {
   PictureRef ResourcePicture(std::string_view tag) override;
   void SavePicture(const Picture& picture, const std::string& path) override;
   int RichTextHeight(const RichContent& content, int widthPixels) override;
-  void LoadPage(ControlId pane, const std::string& html, std::function<void()> loaded) override;
+  void LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) override;
   void DropPage(ControlId pane) override;
   int PageContentHeight(ControlId pane, int paneWidthPixels, int marginPixels) override;
   int PageScrollTop(ControlId pane) override;
-  void StartTimer(ControlId timer, int milliseconds, std::function<void()> tick) override;
+  void StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) override;
   void StopTimer(ControlId timer) override;
   WindowHandle CreateFormWindow(const std::string& title) override;
   void DestroyFormWindow(WindowHandle window) override;

@@ -62,7 +62,7 @@ void WebPlatform::PageLoaded(std::int32_t ticket) {
 void WebPlatform::TimerTicked(ControlId timer) {
   const auto found = timers_.find(timer);
   if (found == timers_.end()) return;
-  const std::function<void()> tick = found->second;  // which may stop its timer
+  const Handler<void()> tick = found->second;  // which may stop its timer
   tick();
 }
 
@@ -115,7 +115,7 @@ int WebPlatform::RichTextHeight(const RichContent& content, int widthPixels) {
   return browser_.RichTextHeight(component_, content, widthPixels);
 }
 
-void WebPlatform::LoadPage(ControlId pane, const std::string& html, std::function<void()> loaded) {
+void WebPlatform::LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) {
   ForgetLoadsOf(pane);
   loads_[++lastTicket_] = {pane, std::move(loaded)};
   browser_.LoadPage(component_, pane, html, lastTicket_);
@@ -136,7 +136,7 @@ int WebPlatform::PageContentHeight(ControlId pane, int paneWidthPixels, int marg
 
 int WebPlatform::PageScrollTop(ControlId pane) { return browser_.PageScrollTop(component_, pane); }
 
-void WebPlatform::StartTimer(ControlId timer, int milliseconds, std::function<void()> tick) {
+void WebPlatform::StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) {
   timers_[timer] = std::move(tick);
   browser_.StartTimer(component_, timer, milliseconds);
 }

@@ -6,13 +6,13 @@
 // element.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "automation/Handler.h"
 #include "platform/Presenter.h"
 #include "platform/Services.h"
 #include "platform/WindowTable.h"
@@ -53,11 +53,11 @@ class WebPlatform final : public Services, public Presenter {
   PictureRef ResourcePicture(std::string_view tag) override;
   void SavePicture(const Picture& picture, const std::string& path) override;
   int RichTextHeight(const RichContent& content, int widthPixels) override;
-  void LoadPage(ControlId pane, const std::string& html, std::function<void()> loaded) override;
+  void LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) override;
   void DropPage(ControlId pane) override;
   int PageContentHeight(ControlId pane, int paneWidthPixels, int marginPixels) override;
   int PageScrollTop(ControlId pane) override;
-  void StartTimer(ControlId timer, int milliseconds, std::function<void()> tick) override;
+  void StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) override;
   void StopTimer(ControlId timer) override;
   WindowHandle CreateFormWindow(const std::string& title) override;
   void DestroyFormWindow(WindowHandle window) override;
@@ -80,7 +80,7 @@ class WebPlatform final : public Services, public Presenter {
   using PictureTable = std::map<std::string, PictureRef, std::less<>>;
   struct PageLoad {
     ControlId pane;
-    std::function<void()> loaded;
+    Handler<void()> loaded;
   };
 
   void ArrangeWindows();
@@ -97,7 +97,7 @@ class WebPlatform final : public Services, public Presenter {
   std::map<std::string, std::vector<std::uint8_t>> files_;  // by path in upper case
   std::map<std::int32_t, PageLoad> loads_;                  // by ticket
   std::int32_t lastTicket_ = 0;
-  std::map<ControlId, std::function<void()>> timers_;
+  std::map<ControlId, Handler<void()>> timers_;
 };
 
 }  // namespace zav
