@@ -29,16 +29,17 @@ export const HOST_PAGE = `${HEAD}<link rel="stylesheet" href="/hosts/page.css">
 <script type="module" src="/hosts/page.js"></script></head><body></body></html>`;
 
 /**
- * @param {Record<string, string>} [folders] more folders by the path that they are served under
+ * @param {Record<string, string>} [folders] folders by the path that they are served under, besides or
+ *   instead of the usual ones
  * @param {Record<string, string>} [pages] more pages; "/" is HOST_PAGE
  */
 export function serveSite(folders = {}, pages = {}) {
   return startServer({
     folders: {
-      ...folders,
       '/package/': at('build/web/package'),
       '/items/': at('items'),
       '/hosts/': at('web/test/hosts'),
+      ...folders,
     },
     pages: { '/': HOST_PAGE, ...pages },
     headers: { 'Content-Security-Policy': POLICY },
