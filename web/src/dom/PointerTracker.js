@@ -2,20 +2,26 @@
  * The candidate's pointer (mouse, pen or touch) on the controls.
  *
  * A press captures the pointer for the control under it. Where the element stands in the viewport is
- * measured at the first event of a frame, before anything has changed that would have to be laid out.
- * Before an event is told the component knows how far everything is scrolled.
+ * measured when the pointer is pressed and let go and, since a page may move it meanwhile, now and
+ * then in between. Before an event is told the component knows how far everything is scrolled.
  */
 import { PointerAct } from '../runtime/Runtime.js';
 import { controlOf, HtmlPaneView, ScrollFrameView, SplitterView } from './controls.js';
 
 const PRIMARY_BUTTON = 0;
+/** Milliseconds for which a measured place holds. */
+const PLACE_HOLDS = 100;
+/** Milliseconds for which a turn of the wheel may go on scrolling. */
+const WHEEL_ROLLS = 1000;
 
 export class PointerTracker {
   /** @type {import('./View.js').View} */
   #view;
-  /** @type {DOMRect | undefined} of the layer in this frame */
+  /** @type {DOMRect | undefined} of the layer, as long as it holds */
   #rect;
   #scale = 1;
+  #measuredAt = 0;
+  #rollsUntil = 0;
   /** @type {{pointer: number, control: import('./controls.js').ControlView} | undefined} */
   #captured;
   #stopped = new AbortController();
@@ -33,6 +39,11 @@ export class PointerTracker {
     layer.addEventListener('pointerleave', () => this.#leave(), options);
     layer.addEventListener('dragstart', (event) => event.preventDefault(), options);
     layer.addEventListener('contextmenu', (event) => this.#suppressMenu(event), options);
+    const passive = { ...options, capture: true, passive: true };
+    const roll = (/** @type {Event} */ event) => (this.#rollsUntil = event.timeStamp + WHEEL_ROLLS);
+    layer.addEventListener('wheel', roll, passive);
+    layer.addEventListener('keydown', roll, passive);
+    addEventListener('scroll', () => (this.#rect = undefined), passive);
   }
 
   dispose() {
@@ -45,6 +56,7 @@ export class PointerTracker {
     const control = controlOf(event);
     if (!control || control instanceof HtmlPaneView || control instanceof SplitterView) return;
     if (control instanceof ScrollFrameView) return;
+    this.#rect = undefined;
     this.#view.readScrolling();
     if (this.#captured && this.#captured.pointer !== event.pointerId) return; // a second finger
     if (control.takesFocus) {
@@ -61,7 +73,7 @@ export class PointerTracker {
   #move(event) {
     if (this.#captured) {
       if (this.#captured.pointer !== event.pointerId) return;
-      this.#view.readScrolling();
+      if (event.timeStamp < this.#rollsUntil) this.#view.readScrolling();
       if (event.buttons & 1) {
         this.#tell(PointerAct.move, this.#captured.control.id, event);
         return;
@@ -80,6 +92,7 @@ export class PointerTracker {
     if (event.button !== PRIMARY_BUTTON) return;
     const { control } = this.#captured;
     this.#capture(undefined);
+    this.#rect = undefined;
     this.#view.readScrolling();
     // A fast hand is where no move has told of.
     this.#tell(PointerAct.move, control.id, event);
@@ -141,7 +154,8 @@ export class PointerTracker {
    * @param {PointerEvent} event
    */
   #tell(act, control, event) {
-    const rect = (this.#rect ??= this.#measure());
+    if (event.timeStamp > this.#measuredAt + PLACE_HOLDS) this.#rect = undefined;
+    const rect = (this.#rect ??= this.#measure(event.timeStamp));
     this.#view.pointer(
       act,
       control,
@@ -150,12 +164,15 @@ export class PointerTracker {
     );
   }
 
-  // A host may show the element scaled.
-  #measure() {
+  /**
+   * A host may show the element scaled.
+   * @param {number} now
+   */
+  #measure(now) {
     const { layer } = this.#view;
     const rect = layer.getBoundingClientRect();
     this.#scale = rect.width / layer.offsetWidth || 1;
-    requestAnimationFrame(() => (this.#rect = undefined));
+    this.#measuredAt = now;
     return rect;
   }
 }
