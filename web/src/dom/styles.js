@@ -41,8 +41,10 @@ const base = `
 .caption > span { width: 100%; }
 .faced {
   border: 1px solid #8a929a; border-radius: 4px;
+  background-image: linear-gradient(#ffffffc0, #ffffff70);
   box-shadow: inset 0 1px #ffffff90, inset 0 -1px #00000018;
 }
+.button.disabled:has(> img) { mix-blend-mode: multiply; }
 .disabled > img { opacity: .45; }
 .disabled > .caption { color: #8c9299; }
 .label { white-space: pre-wrap; }
