@@ -3,13 +3,10 @@
 #include <expat.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <limits>
 #include <memory>
 #include <new>
 #include <optional>
-#include <random>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -34,14 +31,13 @@ using ParserPointer = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserD
 ParserPointer MakeParser(XmlEncoding encoding) {
   ParserPointer parser(XML_ParserCreate(encoding == XmlEncoding::Utf8 ? "UTF-8" : nullptr));
   if (!parser) throw std::bad_alloc();
-  XML_SetHashSalt(parser.get(), std::random_device()());
   return parser;
 }
 
 std::string ByteText(char byte) {
-  std::array<char, 16> text{};
-  std::snprintf(text.data(), text.size(), "the byte 0x%02X", static_cast<unsigned char>(byte));
-  return text.data();
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  const auto value = static_cast<unsigned char>(byte);
+  return "the byte 0x" + std::string{kDigits[value / 16U], kDigits[value % 16U]};
 }
 
 // The beginning of text as it can stand in a message of one line.
