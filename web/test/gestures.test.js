@@ -61,8 +61,12 @@ async function carry(seat, from, ...places) {
   await seat.candidate.release();
 }
 
-async function hold({ candidate, element }, place) {
-  const { x, y } = await candidate.moveTo(place);
+async function hold(seat, place) {
+  await assertHeldAt(seat, await seat.candidate.moveTo(place));
+}
+
+/** The middle of the dragged item is where the pointer is. */
+async function assertHeldAt({ element }, { x, y }) {
   const box = await element.evaluate((each) =>
     each.shadowRoot.querySelector('#pcDrag').getBoundingClientRect().toJSON(),
   );
@@ -235,21 +239,23 @@ const GESTURES = [
     want: [],
   },
   {
-    why: 'a second finger is no part of the drag',
+    why: 'another finger is no part of the drag',
     options: { hasTouch: true },
-    act: async ({ candidate, input }) => {
+    act: async (seat) => {
       const touch = (type, ...touchPoints) =>
-        input.send('Input.dispatchTouchEvent', { type: `touch${type}`, touchPoints });
-      const at = async (place, id) => ({ ...(await candidate.placeOf(place)), id });
-      const to = await at('target 1', 1);
-      const second = await at('source 3', 2);
-      await touch('Start', await at('source 9', 1));
-      await touch('Move', await at('source-area', 1));
-      await touch('Start', await at('source-area', 1), second);
-      await touch('Move', to, { ...second, x: second.x + 300 });
-      await touch('Move', to);
-      assert.deepEqual(await candidate.responses(), []);
-      await touch('End');
+        seat.input.send('Input.dispatchTouchEvent', { type: `touch${type}`, touchPoints });
+      const at = async (place, id) => ({ ...(await seat.candidate.placeOf(place)), id });
+      const other = await at('title', 1);
+      const away = { ...other, x: other.x + 300 };
+      const from = await at('source 9', 2);
+      const to = await at('target 1', 2);
+      await touch('Start', other);
+      await touch('Start', other, from);
+      await touch('Move', other, await at('source-area', 2));
+      await touch('Move', away, to);
+      await seat.page.evaluate(() => new Promise((resolve) => requestAnimationFrame(resolve)));
+      await assertHeldAt(seat, to);
+      await touch('End'); // the other one first
     },
     want: ['A1'],
   },
@@ -314,6 +320,7 @@ const GESTURES = [
       await seat.element.evaluate(({ style }) => {
         style.margin = '90px 0 0 50px';
       });
+      await seat.page.waitForTimeout(150); // places hold for a while
       await hold(seat, 'target 1');
       await seat.candidate.release();
     },
