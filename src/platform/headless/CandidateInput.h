@@ -7,8 +7,8 @@
 
 #include "controls/Control.h"
 #include "controls/Splitter.h"
-#include "platform/headless/PageStore.h"
 #include "platform/WindowTable.h"
+#include "platform/headless/PageStore.h"
 
 namespace zav {
 
