@@ -280,7 +280,11 @@ export class PictureButtonView extends ControlView {
   text() {
     const caption = this.#caption?.textContent;
     if (caption) return caption;
-    const [name] = decodeURIComponent(this.#image?.src ?? '').split('/').at(-1)?.split('.') ?? [];
+    const [name] =
+      decodeURIComponent(this.#image?.src ?? '')
+        .split('/')
+        .at(-1)
+        ?.split('.') ?? [];
     return name ?? '';
   }
 
