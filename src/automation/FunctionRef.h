@@ -16,9 +16,10 @@ template <typename Result, typename... Arguments>
 class FunctionRef<Result(Arguments...)> {
  public:
   // The callable must outlive the reference.
+  // It is implicit because arguments are lambdas.
   template <typename F>
-  requires(!std::is_same_v<std::remove_cvref_t<F>, FunctionRef>)
-      FunctionRef(F&& callable)  // NOLINT(google-explicit-constructor): arguments are lambdas
+  // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload)
+  requires(!std::is_same_v<std::remove_cvref_t<F>, FunctionRef>) FunctionRef(F&& callable)
       : callable_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
         call_([](void* called, Arguments... arguments) -> Result {
           return (*static_cast<std::remove_reference_t<F>*>(called))(
