@@ -22,10 +22,11 @@ void ScrollFrame::ScrollTo(float x, float y) {
 // Each bar takes room from what the other one scrolls.
 Size ScrollFrame::MostScrolled() const {
   const TwipsPerPixel twips = host().twipsPerPixel();
+  const auto bar = [](int perPixel) { return static_cast<float>(kScrollBarPixels * perPixel); };
   const bool isWider = scrollWidth_ > width();
   const bool isHigher = scrollHeight_ > height();
-  return {isWider ? scrollWidth_ - width() + (isHigher ? kScrollBarPixels * twips.x : 0) : 0,
-          isHigher ? scrollHeight_ - height() + (isWider ? kScrollBarPixels * twips.y : 0) : 0};
+  return {isWider ? scrollWidth_ - width() + (isHigher ? bar(twips.x) : 0) : 0,
+          isHigher ? scrollHeight_ - height() + (isWider ? bar(twips.y) : 0) : 0};
 }
 
 bool ScrollFrame::IsInFrame(const Control& child) const {

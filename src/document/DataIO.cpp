@@ -90,7 +90,7 @@ void RequireXmlName(std::string_view name) {
 
 }  // namespace
 
-DataIO::DataIO(FileReader readFile) : readFile_(std::move(readFile)) {}
+DataIO::DataIO(FileReader readFile) : readFile_(readFile) {}
 
 void DataIO::LoadXml(std::string_view source) {
   const std::string_view text = WithoutMark(source);

@@ -72,7 +72,7 @@ MemberTable<ScoreEngine> Members() {
 
 }  // namespace
 
-ScoreEngine::ScoreEngine(Log log) : log_(std::move(log)) {}
+ScoreEngine::ScoreEngine(Log log) : log_(log) {}
 
 Variant ScoreEngine::CalculateScore() {
   WeightedKeys keys;
@@ -136,8 +136,7 @@ Variant ScoreEngine::Invoke(std::string_view name, std::span<Variant> arguments,
 }
 
 void RegisterScoreEngine(ClassRegistry& registry, ScoreEngine::Log log) {
-  registry.Register(kScoreEngineProgId,
-                    [log = std::move(log)] { return std::make_shared<ScoreEngine>(log); });
+  registry.Register(kScoreEngineProgId, [log] { return std::make_shared<ScoreEngine>(log); });
 }
 
 }  // namespace zav

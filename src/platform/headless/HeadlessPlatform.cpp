@@ -98,7 +98,7 @@ int HeadlessPlatform::RichTextHeight(const RichContent& content, int widthPixels
 }
 
 void HeadlessPlatform::LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) {
-  pages_.Load(pane, html, std::move(loaded));
+  pages_.Load(pane, html, loaded);
 }
 
 void HeadlessPlatform::DropPage(ControlId pane) { pages_.Drop(pane); }
@@ -112,7 +112,7 @@ int HeadlessPlatform::PageContentHeight(ControlId pane, int paneWidthPixels, int
 int HeadlessPlatform::PageScrollTop(ControlId pane) { return pages_.ScrollTop(pane); }
 
 void HeadlessPlatform::StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) {
-  timers_.Start(timer, milliseconds, std::move(tick));
+  timers_.Start(timer, milliseconds, tick);
 }
 
 void HeadlessPlatform::StopTimer(ControlId timer) { timers_.Stop(timer); }

@@ -117,7 +117,7 @@ int WebPlatform::RichTextHeight(const RichContent& content, int widthPixels) {
 
 void WebPlatform::LoadPage(ControlId pane, const std::string& html, Handler<void()> loaded) {
   ForgetLoadsOf(pane);
-  loads_[++lastTicket_] = {pane, std::move(loaded)};
+  loads_[++lastTicket_] = {pane, loaded};
   browser_.LoadPage(component_, pane, html, lastTicket_);
 }
 
@@ -137,7 +137,7 @@ int WebPlatform::PageContentHeight(ControlId pane, int paneWidthPixels, int marg
 int WebPlatform::PageScrollTop(ControlId pane) { return browser_.PageScrollTop(component_, pane); }
 
 void WebPlatform::StartTimer(ControlId timer, int milliseconds, Handler<void()> tick) {
-  timers_[timer] = std::move(tick);
+  timers_[timer] = tick;
   browser_.StartTimer(component_, timer, milliseconds);
 }
 
