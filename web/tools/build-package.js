@@ -50,6 +50,7 @@ async function writeLicences(output, build) {
   const bundled = {
     DOMPurify: join(web, 'node_modules/dompurify/LICENSE'),
     Expat: join(build, 'expat/COPYING'),
+    musl: '/usr/share/emscripten/system/lib/libc/musl/COPYRIGHT',
   };
   let text = 'This package contains code of others, under these licences.\n';
   for (const [name, file] of Object.entries(bundled)) {
