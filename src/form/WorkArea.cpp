@@ -201,8 +201,9 @@ bool WorkArea::ShowTarget(int target, std::string& loadedName, std::string& load
   document.SetFromRoot(true);
   document.FindNode("Groups");
   if (!document.MoveToChild(ToInt32(GetGroupId(picture.tag())) - 1)) {
-    RaiseError(error_number::kIndexOutOfRange, "Target " + GetObjectId(picture.tag()) +
-                                                   " names no group: " + GetGroupId(picture.tag()));
+    throw AutomationError(
+        error_number::kIndexOutOfRange,
+        "Target " + GetObjectId(picture.tag()) + " names no group: " + GetGroupId(picture.tag()));
   }
   const std::string name = ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));
   if (name != loadedName) {

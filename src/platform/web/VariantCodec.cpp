@@ -23,7 +23,7 @@ enum Tag : std::uint8_t {
 };
 
 [[noreturn]] void RaiseIllFormed() {
-  RaiseError(error_number::kInternal, "A value from the page is ill-formed");
+  throw AutomationError(error_number::kInternal, "A value from the page is ill-formed");
 }
 
 }  // namespace
