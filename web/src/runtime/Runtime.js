@@ -204,11 +204,6 @@ export class Runtime {
     this.objects = new PageObjects(this.exports);
   }
 
-  /** How many bytes the module's memory takes now. */
-  memoryBytes() {
-    return this.module.HEAPU8.length;
-  }
-
   /**
    * @param {(number: number) => View} makeView
    * @returns {{number: number, item: number, view: View}} item: its number as an object
