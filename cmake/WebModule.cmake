@@ -27,6 +27,15 @@ function(add_web_module name)
     -sSTRICT=1 -sASSERTIONS=0 -sFILESYSTEM=0 -sSUPPORT_LONGJMP=0 -sMALLOC=emmalloc
     -sINCOMING_MODULE_JS_API=locateFile
     "-sEXPORTED_FUNCTIONS=@${exports}")
+  # A second run of the linker's optimiser, which puts the smallest functions where they are called.
+  find_program(WASM_OPT wasm-opt REQUIRED)
+  add_custom_command(
+    TARGET ${program} POST_BUILD
+    COMMAND "${WASM_OPT}" "$<TARGET_FILE_DIR:${program}>/${name}.wasm" -Oz --converge
+            --enable-exception-handling --enable-mutable-globals
+            --always-inline-max-function-size=5
+            -o "$<TARGET_FILE_DIR:${program}>/${name}.wasm"
+    VERBATIM)
   # What type checks see of it, instead of reading it.
   file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/bin/${name}.d.mts" CONTENT "\
 export default function createModule(options: { locateFile(name: string): string }): Promise<any>;
