@@ -8,6 +8,10 @@ namespace zav {
 AutomationError::AutomationError(std::int32_t number, std::string description, std::string source)
     : number_(number), description_(std::move(description)), source_(std::move(source)) {}
 
+void RaiseError(std::int32_t number, std::string_view description, std::string_view source) {
+  throw AutomationError(number, std::string(description), std::string(source));
+}
+
 AutomationError CurrentError() {
   try {
     throw;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace zav {
 
@@ -47,6 +48,10 @@ class AutomationError : public std::exception {
   std::string description_;
   std::string source_;
 };
+
+// Throws one. Callers that build no exception themselves stay small.
+[[noreturn]] void RaiseError(std::int32_t number, std::string_view description,
+                             std::string_view source = {});
 
 // The current exception as an AutomationError, to be called inside a catch block: an
 // AutomationError as it is, std::bad_alloc as number 7, anything else as number 51.

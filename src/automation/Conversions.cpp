@@ -18,11 +18,9 @@ namespace {
 constexpr int kSingleDigits = 7;
 constexpr int kDoubleDigits = 15;
 
-[[noreturn]] void RaiseTypeMismatch() {
-  throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
-}
+[[noreturn]] void RaiseTypeMismatch() { RaiseError(error_number::kTypeMismatch, "Type mismatch"); }
 
-[[noreturn]] void RaiseOverflow() { throw AutomationError(error_number::kOverflow, "Overflow"); }
+[[noreturn]] void RaiseOverflow() { RaiseError(error_number::kOverflow, "Overflow"); }
 
 constexpr std::string_view kHexadecimalPrefix = "&H";
 constexpr std::string_view kColorPrefix = "H";

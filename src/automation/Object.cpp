@@ -5,12 +5,12 @@
 namespace zav {
 
 void RaiseNoSuchMember(std::string_view name) {
-  throw AutomationError(error_number::kNoSuchMember,
-                        "Object does not support this member: " + std::string(name));
+  RaiseError(error_number::kNoSuchMember,
+             "Object does not support this member: " + std::string(name));
 }
 
 Object& Require(const ObjectRef& ref) {
-  if (!ref) throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+  if (!ref) RaiseError(error_number::kObjectNotSet, "Object variable not set");
   return *ref;
 }
 

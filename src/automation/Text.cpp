@@ -29,8 +29,7 @@ std::string PlaceAfter(std::string_view before) {
 }
 
 [[noreturn]] void RaiseIllFormed(const char* what, std::string_view before) {
-  throw AutomationError(error_number::kInvalidArgument,
-                        std::string(what) + " at " + PlaceAfter(before));
+  RaiseError(error_number::kInvalidArgument, std::string(what) + " at " + PlaceAfter(before));
 }
 
 void AppendUtf8(std::string& text, char32_t character) {
@@ -190,9 +189,8 @@ std::string& String_Replace(std::string& text, std::string_view marker,
                             std::string_view replacement) {
   const std::size_t at = text.find(marker);
   if (at == std::string::npos) {
-    throw AutomationError(
-        error_number::kInvalidArgument,
-        "Invalid procedure call or argument: no " + std::string(marker) + " to replace");
+    RaiseError(error_number::kInvalidArgument,
+               "Invalid procedure call or argument: no " + std::string(marker) + " to replace");
   }
   const std::size_t length = CharacterCount(replacement);
   if (length >= 2) text.insert(at + marker.size(), 1, ' ');

@@ -16,7 +16,7 @@ SafeArray SafeArray::WithDimensions(std::vector<Dimension> dimensions) {
   for (const Dimension& dimension : dimensions) {
     size *= dimension.count;
     if (size > std::numeric_limits<std::int32_t>::max()) {
-      throw AutomationError(error_number::kOutOfMemory, "Out of memory");
+      RaiseError(error_number::kOutOfMemory, "Out of memory");
     }
   }
   SafeArray array;
@@ -27,7 +27,7 @@ SafeArray SafeArray::WithDimensions(std::vector<Dimension> dimensions) {
 
 void SafeArray::RequireFillable() const {
   if (dimensions_.size() != 1 || bytes_.empty()) {
-    throw AutomationError(error_number::kIndexOutOfRange, "Subscript out of range");
+    RaiseError(error_number::kIndexOutOfRange, "Subscript out of range");
   }
 }
 

@@ -28,9 +28,9 @@ class ControlArray {
   // loaded, 340 for one that would leave a gap.
   T& Load(int index) {
     if (index < static_cast<int>(elements_.size())) {
-      throw AutomationError(error_number::kElementLoaded, "Object already loaded: " + name_);
+      RaiseError(error_number::kElementLoaded, "Object already loaded: " + name_);
     }
-    if (index > static_cast<int>(elements_.size())) throw Missing(index);
+    if (index > static_cast<int>(elements_.size())) RaiseMissing(index);
     auto element = std::make_unique<T>(host_, container_, name_, index);
     element->CopyFrom(*elements_[0]);
     element->Hide();
@@ -46,16 +46,16 @@ class ControlArray {
 
   // Raises 340 for an index that is not loaded.
   T& operator[](int index) const {
-    if (index < 0 || index >= static_cast<int>(elements_.size())) throw Missing(index);
+    if (index < 0 || index >= static_cast<int>(elements_.size())) RaiseMissing(index);
     return *elements_[static_cast<std::size_t>(index)];
   }
 
   [[nodiscard]] int UpperBound() const { return static_cast<int>(elements_.size()) - 1; }
 
  private:
-  [[nodiscard]] AutomationError Missing(int index) const {
-    return {error_number::kMissingElement,
-            "Control array element " + std::to_string(index) + " doesn't exist: " + name_};
+  [[noreturn]] void RaiseMissing(int index) const {
+    RaiseError(error_number::kMissingElement,
+               "Control array element " + std::to_string(index) + " doesn't exist: " + name_);
   }
 
   ControlHost& host_;

@@ -6,7 +6,7 @@ namespace zav {
 
 void Label::SetAlignment(std::int32_t code) {
   if (code < 0 || code > 2) {
-    throw AutomationError(error_number::kInvalidPropertyValue, "Invalid property value");
+    RaiseError(error_number::kInvalidPropertyValue, "Invalid property value");
   }
   Set(alignment_, static_cast<LabelAlignment>(code), change::kContent);
 }

@@ -6,7 +6,7 @@ namespace zav {
 
 void PictureButton::SetCaptionAlignment(std::int32_t code) {
   if (code != 0 && code != 1 && code != 7) {
-    throw AutomationError(error_number::kInvalidPropertyValue, "Invalid property value");
+    RaiseError(error_number::kInvalidPropertyValue, "Invalid property value");
   }
   Set(alignment_, static_cast<CaptionAlignment>(code), change::kLook);
 }

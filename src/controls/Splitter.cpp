@@ -146,8 +146,7 @@ Splitter::Position Splitter::Find(std::string_view key) const {
       return {r, static_cast<std::size_t>(std::distance(panes.begin(), found))};
     }
   }
-  throw AutomationError(error_number::kInvalidArgument,
-                        "Splitter pane not found: " + std::string(key));
+  RaiseError(error_number::kInvalidArgument, "Splitter pane not found: " + std::string(key));
 }
 
 void Splitter::Layout() {

@@ -46,7 +46,7 @@ FileText Decode(std::vector<std::uint8_t> bytes) {
 }
 
 [[noreturn]] void RaiseInvalidArgument(const std::string& description) {
-  throw AutomationError(error_number::kInvalidArgument, description, std::string(kSource));
+  RaiseError(error_number::kInvalidArgument, description, kSource);
 }
 
 bool IsForbidden(char character) {
@@ -103,8 +103,7 @@ void DataIO::LoadXml(std::string_view source) {
 
 DataIO::NodeId DataIO::ParseFile(const std::string& path) {
   if (!readFile_) {
-    throw AutomationError(error_number::kFileNotFound, "File not found: " + path,
-                          std::string(kSource));
+    RaiseError(error_number::kFileNotFound, "File not found: " + path, kSource);
   }
   const FileText file = Decode(readFile_(path));
   return ParseXml(tree_, file.text, file.encoding, path);

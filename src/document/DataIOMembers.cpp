@@ -31,7 +31,7 @@ NodeHandle ToNode(const Variant& value) {
   const ObjectRef object = ToObject(value);
   if (!object) return {};
   const auto* node = dynamic_cast<const NodeObject*>(object.get());
-  if (node == nullptr) throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
+  if (node == nullptr) RaiseError(error_number::kTypeMismatch, "Type mismatch");
   return node->Node();
 }
 

@@ -22,8 +22,7 @@ class KeyedList {
   T& Add(T item, std::string_view key) {
     const auto position = static_cast<std::int32_t>(items_.size()) + 1;
     if (!positions_.emplace(UpperCase(key), position).second) {
-      throw AutomationError(error_number::kDuplicateKey,
-                            "This key is already in use: " + std::string(key));
+      RaiseError(error_number::kDuplicateKey, "This key is already in use: " + std::string(key));
     }
     return items_.emplace_back(std::move(item));
   }
@@ -33,7 +32,7 @@ class KeyedList {
   // Raises 9 for a position outside 1 to Count.
   [[nodiscard]] const T& Item(std::int32_t position) const {
     if (position < 1 || position > Count()) {
-      throw AutomationError(error_number::kIndexOutOfRange, "Subscript out of range");
+      RaiseError(error_number::kIndexOutOfRange, "Subscript out of range");
     }
     return items_[static_cast<std::size_t>(position) - 1];
   }
@@ -49,8 +48,8 @@ class KeyedList {
   [[nodiscard]] const T& Item(std::string_view key) const {
     const T* found = Find(key);
     if (found == nullptr) {
-      throw AutomationError(error_number::kInvalidArgument,
-                            "Invalid procedure call or argument: no item " + std::string(key));
+      RaiseError(error_number::kInvalidArgument,
+                 "Invalid procedure call or argument: no item " + std::string(key));
     }
     return *found;
   }

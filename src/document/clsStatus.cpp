@@ -45,7 +45,7 @@ std::int32_t StatusOf(DataIO& document) {
 
 Variant clsStatus::AnswerStatus() const {
   if (DataIO == nullptr) {
-    throw AutomationError(error_number::kObjectNotSet, "Object variable not set", "clsStatus");
+    RaiseError(error_number::kObjectNotSet, "Object variable not set", "clsStatus");
   }
   const CursorScope keep(*DataIO);
   return StatusOf(*DataIO);

@@ -4,7 +4,7 @@ namespace zav {
 
 ItemOwner& FormCore::Owner() const {
   if (owner_ == nullptr) {
-    throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+    RaiseError(error_number::kObjectNotSet, "Object variable not set");
   }
   return *owner_;
 }

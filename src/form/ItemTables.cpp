@@ -10,7 +10,7 @@ namespace {
 AutomationError OutOfRange() { return {error_number::kIndexOutOfRange, "Subscript out of range"}; }
 
 float Pixels(const Variant& authored, std::int16_t twipsPerPixel) {
-  if (twipsPerPixel == 0) throw AutomationError(error_number::kDivisionByZero, "Division by zero");
+  if (twipsPerPixel == 0) RaiseError(error_number::kDivisionByZero, "Division by zero");
   return ToSingle(authored) / static_cast<float>(twipsPerPixel);
 }
 

@@ -139,9 +139,9 @@ clsGroup& SourceArea::GroupOfEntry() {
   for (clsGroup& group : form_.tables.GroupList) {
     if (group.GroupId == groupId) return group;
   }
-  throw AutomationError(error_number::kObjectNotSet,
-                        "Source " + ToText(form_.Document().GetAttribute("SourceID")) +
-                            " names no group: " + groupId);
+  RaiseError(error_number::kObjectNotSet, "Source " +
+                                              ToText(form_.Document().GetAttribute("SourceID")) +
+                                              " names no group: " + groupId);
 }
 
 PictureRef SourceArea::ReadPicture() {

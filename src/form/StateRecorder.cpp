@@ -38,7 +38,7 @@ void StateRecorder::WriteStateResponse(std::string_view response) {
   const RecorderScope keep(document);
   if (!EnterState(document) || !document.FindNode("Responses") ||
       !document.AddNode("Responses", "Response")) {
-    throw AutomationError(error_number::kObjectNotSet, "The item has no state section");
+    RaiseError(error_number::kObjectNotSet, "The item has no state section");
   }
   document.SetText(response);
 }

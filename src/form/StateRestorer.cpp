@@ -70,8 +70,8 @@ void StateRestorer::SetAnswer(const std::string& response) {
     const int source = FindSource(form_, WithoutFirstCharacters(response, 1));
     const int target = FindTarget(form_, response);
     if (source == 0 || target == 0) {
-      throw AutomationError(error_number::kIndexOutOfRange,
-                            "No target and source item for the response " + response);
+      RaiseError(error_number::kIndexOutOfRange,
+                 "No target and source item for the response " + response);
     }
     RunBoth([&] { placement_.TargetDragDrop(target, form_.controls.txtSource[source]); },
             [&] { placement_.RecountUses(source); });

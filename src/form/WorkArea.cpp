@@ -201,9 +201,8 @@ bool WorkArea::ShowTarget(int target, std::string& loadedName, std::string& load
   document.SetFromRoot(true);
   document.FindNode("Groups");
   if (!document.MoveToChild(ToInt32(GetGroupId(picture.tag())) - 1)) {
-    throw AutomationError(
-        error_number::kIndexOutOfRange,
-        "Target " + GetObjectId(picture.tag()) + " names no group: " + GetGroupId(picture.tag()));
+    RaiseError(error_number::kIndexOutOfRange, "Target " + GetObjectId(picture.tag()) +
+                                                   " names no group: " + GetGroupId(picture.tag()));
   }
   const std::string name = ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));
   if (name != loadedName) {

@@ -10,7 +10,7 @@ using Arguments = std::span<Variant>;
 
 SafeArray& ArrayArgument(Variant& argument) {
   SafeArray* array = std::get_if<SafeArray>(&argument);
-  if (array == nullptr) throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
+  if (array == nullptr) RaiseError(error_number::kTypeMismatch, "Type mismatch");
   return *array;
 }
 
@@ -19,7 +19,7 @@ const SafeArray& InputArray(const Variant& argument) {
   static const SafeArray kNone;
   if (std::holds_alternative<std::monostate>(argument)) return kNone;
   const SafeArray* array = std::get_if<SafeArray>(&argument);
-  if (array == nullptr) throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
+  if (array == nullptr) RaiseError(error_number::kTypeMismatch, "Type mismatch");
   return *array;
 }
 
@@ -101,7 +101,7 @@ constexpr Table::Member FontField(std::string_view name) {
   return {name, 0, [](clsDragDrop& item, Arguments) -> Variant { return (item.*kGet)(); },
           [](clsDragDrop& item, Arguments a) -> Variant {
             const auto given = std::dynamic_pointer_cast<FontObject>(ToObject(a[0]));
-            if (!given) throw AutomationError(error_number::kTypeMismatch, "Type mismatch");
+            if (!given) RaiseError(error_number::kTypeMismatch, "Type mismatch");
             std::static_pointer_cast<FontObject>((item.*kGet)())->font = given->font;
             return {};
           }};

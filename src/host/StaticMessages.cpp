@@ -11,12 +11,12 @@ std::string FindMessage(DataIO& document, std::string_view key, std::string_view
   const CursorScope keep(document);
   document.SetFromRoot(true);
   if (!document.FindNode("Static")) {
-    throw AutomationError(error_number::kComponent, "Static node not found, Static");
+    RaiseError(error_number::kComponent, "Static node not found, Static");
   }
   document.SetFromRoot(false);
   if (!section.empty()) document.FindNode(section);
   if (!document.FindNode(key)) {
-    throw AutomationError(error_number::kComponent, "Static node not found, " + std::string(key));
+    RaiseError(error_number::kComponent, "Static node not found, " + std::string(key));
   }
   return ToText(document.GetText());
 }

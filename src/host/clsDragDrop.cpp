@@ -76,12 +76,12 @@ DataIORef clsDragDrop::NewDocument() const {
 std::string clsDragDrop::AppVersion() const { return kVersion; }
 
 zav::DataIO& clsDragDrop::DataIO() {
-  if (!moDataIO_) throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+  if (!moDataIO_) RaiseError(error_number::kObjectNotSet, "Object variable not set");
   return *moDataIO_;
 }
 
 frmMain& clsDragDrop::RequireForm() const {
-  if (!moForm_) throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+  if (!moForm_) RaiseError(error_number::kObjectNotSet, "Object variable not set");
   return *moForm_;
 }
 
@@ -99,8 +99,7 @@ bool clsDragDrop::Member(const char* routine, Procedure procedure) {
 void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
   Member("DisplayInt_ExternalSupport_Set", [&] {
     if (!support) {
-      throw AutomationError(error_number::kNoExternalSupport, "External Support is nothing",
-                            "Overview");
+      RaiseError(error_number::kNoExternalSupport, "External Support is nothing", "Overview");
     }
     moExternalSupport_ = support;
     msStaticPath_ = ToText(support->Call("GetLocalizePath", std::string("KVStatic.xml")));
@@ -141,8 +140,8 @@ std::string clsDragDrop::LoadItem(const SafeArray& arInit) {
   document.LoadXml(Utf16LeToUtf8(arInit.Bytes()));
   document.SetFromRoot(true);
   if (!document.FindNode("DragAndDropItem")) {
-    throw AutomationError(error_number::kComponent, "The item has no element DragAndDropItem",
-                          "InitExternalDisplay");
+    RaiseError(error_number::kComponent, "The item has no element DragAndDropItem",
+               "InitExternalDisplay");
   }
   return ToText(document.GetAttribute("Language"));
 }
@@ -150,8 +149,7 @@ std::string clsDragDrop::LoadItem(const SafeArray& arInit) {
 void clsDragDrop::MergeStaticStrings(const std::string& language) {
   const std::string_view path = TrimBlanks(msStaticPath_);
   if (CharacterCount(path) < kLeastPathLength || path == "0") {
-    throw AutomationError(error_number::kComponent, "Missing Static information",
-                          "InitExternalDisplay");
+    RaiseError(error_number::kComponent, "Missing Static information", "InitExternalDisplay");
   }
   const DataIORef strings = NewDocument();
   strings->LoadXml(msStaticPath_);

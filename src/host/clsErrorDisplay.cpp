@@ -26,7 +26,7 @@ MessageAnswer AskMessage(ItemOwner& owner, const std::string& message, std::int1
     }
     return {ToInt16(answer), nullptr};
   } catch (...) {
-    throw AutomationError(error_number::kComponent, "Message Function not available");
+    RaiseError(error_number::kComponent, "Message Function not available");
   }
 }
 
@@ -37,7 +37,7 @@ void ShowMessage(ItemOwner& owner, const std::string& message, std::int16_t styl
 void clsErrorDisplay::Activate(const AutomationError& error) {
   try {
     if (owner_ == nullptr) {
-      throw AutomationError(error_number::kObjectNotSet, "Object variable not set");
+      RaiseError(error_number::kObjectNotSet, "Object variable not set");
     }
     Require(owner_->ExtParent())
         .Call("LogError", error.Number(), error.Description(), std::string("ZavDragDrop"),

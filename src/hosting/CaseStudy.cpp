@@ -31,8 +31,8 @@ struct CaseFile {
 std::string RequireText(DataIO& document, std::string_view name) {
   document.MoveToTop();
   if (!document.FindNode(name)) {
-    throw AutomationError(error_number::kInvalidArgument,
-                          "The case file has no element " + std::string(name), "CaseStudy");
+    RaiseError(error_number::kInvalidArgument, "The case file has no element " + std::string(name),
+               "CaseStudy");
   }
   return ToText(document.GetText());
 }
@@ -47,12 +47,11 @@ CaseFile ReadCase(std::span<const std::uint8_t> file) {
 std::span<const std::uint8_t> FirstBytes(const Variant& bytes, std::int32_t count) {
   const auto* array = std::get_if<SafeArray>(&bytes);
   if (array == nullptr) {
-    throw AutomationError(error_number::kTypeMismatch, "The case file is no byte array",
-                          "CaseStudy");
+    RaiseError(error_number::kTypeMismatch, "The case file is no byte array", "CaseStudy");
   }
   const std::span<const std::uint8_t> all(array->Bytes());
   if (count < 0 || static_cast<std::size_t>(count) > all.size()) {
-    throw AutomationError(
+    RaiseError(
         error_number::kIndexOutOfRange,
         "The case file has " + std::to_string(all.size()) + " bytes, not " + std::to_string(count),
         "CaseStudy");
@@ -145,7 +144,7 @@ HtmlPane& CaseStudy::text() { return RequireWindow().text; }
 
 CaseStudy::Window& CaseStudy::RequireWindow() {
   if (!window_) {
-    throw AutomationError(error_number::kObjectNotSet, "There is no case study", "CaseStudy");
+    RaiseError(error_number::kObjectNotSet, "There is no case study", "CaseStudy");
   }
   return *window_;
 }

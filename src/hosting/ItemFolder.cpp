@@ -34,7 +34,7 @@ void LoadXml(DataIO& document, const std::string& xml, const std::string& file) 
     // Text that does not begin like XML would be taken for a path.
     const std::size_t first = xml.find_first_not_of(" \t\r\n");
     if (first == std::string::npos || xml[first] != '<') {
-      throw AutomationError(error_number::kComponent, "expected XML");
+      RaiseError(error_number::kComponent, "expected XML");
     }
     document.LoadXml(xml);
   } catch (const AutomationError& error) {

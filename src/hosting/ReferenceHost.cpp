@@ -207,7 +207,7 @@ std::vector<std::uint8_t> ReferenceHost::Picture() {
 
 frmMain& ReferenceHost::form() {
   frmMain* form = item_->form();
-  if (form == nullptr) throw AutomationError(error_number::kObjectNotSet, "The item has no form");
+  if (form == nullptr) RaiseError(error_number::kObjectNotSet, "The item has no form");
   return *form;
 }
 

@@ -57,7 +57,7 @@ MemberTable<ScoreEngine> Members() {
          const ObjectRef object = ToObject(arguments[0]);
          auto document = std::dynamic_pointer_cast<DataIO>(object);
          if (object && !document) {
-           throw AutomationError(error_number::kTypeMismatch, "Document is no DataIO");
+           RaiseError(error_number::kTypeMismatch, "Document is no DataIO");
          }
          engine.SetDocument(std::move(document));
          return Variant();
@@ -123,7 +123,7 @@ double ScoreEngine::ReadWeight(const Variant& weight, std::int32_t index) {
     const std::string message =
         "The weight " + Quote(text) + " of answer " + std::to_string(index + 1) + " is no number";
     Tell(message);
-    throw AutomationError(error_number::kTypeMismatch, message, "ScoreEngine");
+    RaiseError(error_number::kTypeMismatch, message, "ScoreEngine");
   }
 }
 

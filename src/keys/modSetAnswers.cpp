@@ -125,7 +125,7 @@ bool modSetAnswers::EnterParentheses() {
   if (Text().substr(0, 1) != "(") return false;
   const std::size_t closing = closings_[position_];
   if (closing == kTooFar) {
-    throw AutomationError(error_number::kOverflow, "Overflow: \")\" too far from its \"(\" in key");
+    RaiseError(error_number::kOverflow, "Overflow: \")\" too far from its \"(\" in key");
   }
   if (closing == kNoClosing) return false;
   outerEnds_.push_back(end_);
@@ -170,7 +170,7 @@ bool modSetAnswers::CheckPairTerm(std::string_view term) {
 
 bool modSetAnswers::CheckLetterNumberTerm(std::string_view term) {
   if (term.empty()) {
-    throw AutomationError(error_number::kInvalidArgument, "Invalid argument: empty operand in key");
+    RaiseError(error_number::kInvalidArgument, "Invalid argument: empty operand in key");
   }
   if (!IsTermLetter(term[0]) || !AreDigits(term.substr(1))) return false;
   if (!SuppressTerms) Record(term);

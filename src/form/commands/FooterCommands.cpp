@@ -87,7 +87,7 @@ std::string FooterCommands::InstructionsText() const {
   const bool found = document.FindNode("Instructions");
   document.SetFromRoot(true);
   if (!found || !document.FindNode("Text")) {
-    throw AutomationError(error_number::kObjectNotSet, "The item has no instructions");
+    RaiseError(error_number::kObjectNotSet, "The item has no instructions");
   }
   return ToText(document.GetText());
 }

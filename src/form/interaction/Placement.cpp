@@ -40,8 +40,8 @@ Placement::Landing Placement::Prepare(int target, const Control& dragged) const 
   form_.tables.GroupOf(controls.imgTarget[target].tag());
   const int source = isDragPicture ? FindSource(form_, landing.answerValue) : dragged.index();
   if (source == 0) {
-    throw AutomationError(error_number::kIndexOutOfRange,
-                          "No source item has the answer value " + landing.answerValue);
+    RaiseError(error_number::kIndexOutOfRange,
+               "No source item has the answer value " + landing.answerValue);
   }
   landing.picture = controls.imgSource[source].picture();
   landing.text = form_.tables.SourceText(source);

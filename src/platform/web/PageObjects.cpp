@@ -93,7 +93,7 @@ Variant PageObjects::InvokePage(std::int32_t number, std::string_view member,
   VariantReader reader(*this, bytes);
   if (const std::int32_t raised = reader.ReadNumber(); raised != 0) {
     std::string source = reader.ReadText();
-    throw AutomationError(raised, reader.ReadText(), std::move(source));
+    RaiseError(raised, reader.ReadText(), std::move(source));
   }
   Variant result = reader.Read();
   for (Variant& argument : arguments) argument = reader.Read();

@@ -23,7 +23,7 @@ enum Tag : std::uint8_t {
 };
 
 [[noreturn]] void RaiseIllFormed() {
-  throw AutomationError(error_number::kInternal, "A value from the page is ill-formed");
+  RaiseError(error_number::kInternal, "A value from the page is ill-formed");
 }
 
 }  // namespace
