@@ -3,6 +3,8 @@
 #include <new>
 #include <utility>
 
+#include "automation/Text.h"
+
 namespace zav {
 
 AutomationError::AutomationError(std::int32_t number, std::string description, std::string source)
@@ -10,6 +12,11 @@ AutomationError::AutomationError(std::int32_t number, std::string description, s
 
 void RaiseError(std::int32_t number, std::string_view description, std::string_view source) {
   throw AutomationError(number, std::string(description), std::string(source));
+}
+
+void RaiseError(std::int32_t number, std::initializer_list<std::string_view> description,
+                std::string_view source) {
+  RaiseError(number, Concatenate(description), source);
 }
 
 AutomationError CurrentError() {

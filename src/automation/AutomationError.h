@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -51,6 +52,10 @@ class AutomationError : public std::exception {
 
 // Throws one. Callers that build no exception themselves stay small.
 [[noreturn]] void RaiseError(std::int32_t number, std::string_view description,
+                             std::string_view source = {});
+// The description is the pieces one after the other.
+[[noreturn]] void RaiseError(std::int32_t number,
+                             std::initializer_list<std::string_view> description,
                              std::string_view source = {});
 
 // The current exception as an AutomationError, to be called inside a catch block: an

@@ -18,7 +18,7 @@ bool ClassRegistry::Has(std::string_view progId) const {
 ObjectRef ClassRegistry::Create(std::string_view progId) const {
   const auto found = factories_.find(UpperCase(progId));
   if (found == factories_.end()) {
-    RaiseError(error_number::kCannotCreateObject, "Cannot create object: " + std::string(progId));
+    RaiseError(error_number::kCannotCreateObject, {"Cannot create object: ", progId});
   }
   return found->second();
 }

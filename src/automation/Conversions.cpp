@@ -99,12 +99,31 @@ Integer RoundTo(double value) {
 }
 
 template <typename Integer>
+Integer IntegerOf(std::string_view text) {
+  const auto digits = DigitsBehind(kHexadecimalPrefix, text);
+  return digits ? FromHexadecimal<Integer>(*digits) : RoundTo<Integer>(FromDecimal(text));
+}
+
+template <typename Integer>
 Integer ToInteger(const Variant& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) {
-    const auto digits = DigitsBehind(kHexadecimalPrefix, *text);
-    if (digits) return FromHexadecimal<Integer>(*digits);
-  }
-  return RoundTo<Integer>(ToDouble(value));
+  const auto* text = std::get_if<std::string>(&value);
+  return text != nullptr ? IntegerOf<Integer>(*text) : RoundTo<Integer>(ToDouble(value));
+}
+
+template <typename Integer>
+Integer ToInteger(OptionalText value) {
+  return value.text != nullptr ? IntegerOf<Integer>(*value.text) : 0;
+}
+
+float SingleOf(double number) {
+  if (std::abs(number) > std::numeric_limits<float>::max()) RaiseOverflow();
+  return static_cast<float>(number);
+}
+
+bool BooleanOf(std::string_view text) {
+  const std::string_view word = TrimBlanks(text);
+  if (EqualIgnoringCase(word, "true")) return true;
+  return !EqualIgnoringCase(word, "false") && FromText(word) != 0;
 }
 
 struct DoubleOf {
@@ -135,25 +154,30 @@ struct TextOf {
 
 std::int16_t ToInt16(const Variant& value) { return ToInteger<std::int16_t>(value); }
 
+std::int16_t ToInt16(OptionalText value) { return ToInteger<std::int16_t>(value); }
+
 std::int32_t ToInt32(const Variant& value) { return ToInteger<std::int32_t>(value); }
 
-float ToSingle(const Variant& value) {
-  const double number = ToDouble(value);
-  if (std::abs(number) > std::numeric_limits<float>::max()) RaiseOverflow();
-  return static_cast<float>(number);
+std::int32_t ToInt32(OptionalText value) { return ToInteger<std::int32_t>(value); }
+
+float ToSingle(const Variant& value) { return SingleOf(ToDouble(value)); }
+
+float ToSingle(OptionalText value) {
+  return value.text != nullptr ? SingleOf(FromText(*value.text)) : 0;
 }
 
 double ToDouble(const Variant& value) { return std::visit(DoubleOf{}, value); }
 
 bool ToBoolean(const Variant& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) {
-    if (EqualIgnoringCase(TrimBlanks(*text), "true")) return true;
-    if (EqualIgnoringCase(TrimBlanks(*text), "false")) return false;
-  }
-  return ToDouble(value) != 0;
+  const auto* text = std::get_if<std::string>(&value);
+  return text != nullptr ? BooleanOf(*text) : ToDouble(value) != 0;
 }
 
+bool ToBoolean(OptionalText value) { return value.text != nullptr && BooleanOf(*value.text); }
+
 std::string ToText(const Variant& value) { return std::visit(TextOf{}, value); }
+
+std::string ToText(OptionalText value) { return std::string(value.View()); }
 
 ObjectRef ToObject(const Variant& value) {
   if (std::holds_alternative<std::monostate>(value)) return nullptr;
@@ -161,9 +185,9 @@ ObjectRef ToObject(const Variant& value) {
   RaiseTypeMismatch();
 }
 
-std::int32_t ToColor(const Variant& value) {
-  const auto* text = std::get_if<std::string>(&value);
-  const auto digits = text != nullptr ? DigitsBehind(kColorPrefix, *text) : std::nullopt;
+std::int32_t ToColor(OptionalText value) {
+  const auto digits =
+      value.text != nullptr ? DigitsBehind(kColorPrefix, *value.text) : std::nullopt;
   if (!digits || digits->size() > 8) RaiseTypeMismatch();
   return FromHexadecimal<std::int32_t>(*digits);
 }

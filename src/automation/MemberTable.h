@@ -37,8 +37,7 @@ class MemberTable {
       const Function function = kind == InvokeKind::Put ? member.put : member.call;
       if (function == nullptr) break;
       if (arguments.size() != (kind == InvokeKind::Put ? 1 : member.argumentCount)) {
-        RaiseError(error_number::kWrongArgumentCount,
-                   "Wrong number of arguments: " + std::string(member.name));
+        RaiseError(error_number::kWrongArgumentCount, {"Wrong number of arguments: ", member.name});
       }
       return function(target, arguments);
     }

@@ -5,8 +5,7 @@
 namespace zav {
 
 void RaiseNoSuchMember(std::string_view name) {
-  RaiseError(error_number::kNoSuchMember,
-             "Object does not support this member: " + std::string(name));
+  RaiseError(error_number::kNoSuchMember, {"Object does not support this member: ", name});
 }
 
 Object& Require(const ObjectRef& ref) {

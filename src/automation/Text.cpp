@@ -24,12 +24,12 @@ bool IsSurrogate(char32_t unit) { return unit >= kFirstSurrogate && unit < kPast
 std::string PlaceAfter(std::string_view before) {
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
   const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
-  return "line " + std::to_string(line) + ", column " +
-         std::to_string(CharacterCount(before.substr(lineStart)) + 1);
+  return Concatenate({"line ", std::to_string(line), ", column ",
+                      std::to_string(CharacterCount(before.substr(lineStart)) + 1)});
 }
 
 [[noreturn]] void RaiseIllFormed(const char* what, std::string_view before) {
-  RaiseError(error_number::kInvalidArgument, std::string(what) + " at " + PlaceAfter(before));
+  RaiseError(error_number::kInvalidArgument, {what, " at ", PlaceAfter(before)});
 }
 
 void AppendUtf8(std::string& text, char32_t character) {
@@ -165,6 +165,12 @@ std::size_t CharacterCount(std::string_view text) {
          static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsContinuation));
 }
 
+std::string Concatenate(std::initializer_list<std::string_view> pieces) {
+  std::string text;
+  for (const std::string_view piece : pieces) text += piece;
+  return text;
+}
+
 std::string_view TrimBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
@@ -190,7 +196,7 @@ std::string& String_Replace(std::string& text, std::string_view marker,
   const std::size_t at = text.find(marker);
   if (at == std::string::npos) {
     RaiseError(error_number::kInvalidArgument,
-               "Invalid procedure call or argument: no " + std::string(marker) + " to replace");
+               {"Invalid procedure call or argument: no ", marker, " to replace"});
   }
   const std::size_t length = CharacterCount(replacement);
   if (length >= 2) text.insert(at + marker.size(), 1, ' ');

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count);
 // What is left without the first count characters.
 std::string_view WithoutFirstCharacters(std::string_view text, std::size_t count);
 std::size_t CharacterCount(std::string_view text);
+
+// The pieces one after the other.
+std::string Concatenate(std::initializer_list<std::string_view> pieces);
 
 // Blanks are the space character only.
 std::string_view TrimBlanks(std::string_view text);

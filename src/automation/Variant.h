@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -39,5 +40,15 @@ class SafeArray {
 // std::monostate is the empty variant; an ObjectRef that is null is "nothing".
 using Variant = std::variant<std::monostate, bool, std::int16_t, std::int32_t, float, double,
                              std::string, ObjectRef, SafeArray>;
+
+// A text that somebody else keeps, or none; then it converts as the empty variant does.
+struct OptionalText {
+  const std::string* text = nullptr;
+
+  [[nodiscard]] std::string_view View() const {
+    return text != nullptr ? *text : std::string_view();
+  }
+  operator Variant() const { return text != nullptr ? Variant(*text) : Variant(); }
+};
 
 }  // namespace zav

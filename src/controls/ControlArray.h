@@ -28,7 +28,7 @@ class ControlArray {
   // loaded, 340 for one that would leave a gap.
   T& Load(int index) {
     if (index < static_cast<int>(elements_.size())) {
-      RaiseError(error_number::kElementLoaded, "Object already loaded: " + name_);
+      RaiseError(error_number::kElementLoaded, {"Object already loaded: ", name_});
     }
     if (index > static_cast<int>(elements_.size())) RaiseMissing(index);
     auto element = std::make_unique<T>(host_, container_, name_, index);
@@ -55,7 +55,7 @@ class ControlArray {
  private:
   [[noreturn]] void RaiseMissing(int index) const {
     RaiseError(error_number::kMissingElement,
-               "Control array element " + std::to_string(index) + " doesn't exist: " + name_);
+               {"Control array element ", std::to_string(index), " doesn't exist: ", name_});
   }
 
   ControlHost& host_;

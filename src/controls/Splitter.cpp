@@ -146,7 +146,7 @@ Splitter::Position Splitter::Find(std::string_view key) const {
       return {r, static_cast<std::size_t>(std::distance(panes.begin(), found))};
     }
   }
-  RaiseError(error_number::kInvalidArgument, "Splitter pane not found: " + std::string(key));
+  RaiseError(error_number::kInvalidArgument, {"Splitter pane not found: ", key});
 }
 
 void Splitter::Layout() {

@@ -45,7 +45,7 @@ FileText Decode(std::vector<std::uint8_t> bytes) {
   return {Utf16LeToUtf8(std::span(bytes).subspan(kUtf16LeMark.size())), XmlEncoding::Utf8};
 }
 
-[[noreturn]] void RaiseInvalidArgument(const std::string& description) {
+[[noreturn]] void RaiseInvalidArgument(std::initializer_list<std::string_view> description) {
   RaiseError(error_number::kInvalidArgument, description, kSource);
 }
 
@@ -58,7 +58,7 @@ bool IsForbidden(char character) {
 void RequireXmlCharacters(std::string_view text) {
   if (!IsWellFormedUtf8(text) || std::any_of(text.begin(), text.end(), IsForbidden) ||
       Contains(text, "\xEF\xBF\xBE") || Contains(text, "\xEF\xBF\xBF")) {
-    RaiseInvalidArgument("Text with a character that XML cannot carry");
+    RaiseInvalidArgument({"Text with a character that XML cannot carry"});
   }
 }
 
@@ -72,10 +72,11 @@ bool IsPlainName(std::string_view name) {
 }
 
 // The parser alone knows what any name may be.
-bool IsXmlName(const std::string& name) {
+bool IsXmlName(std::string_view name) {
   XmlTree tree;
   try {
-    const XmlTree::NodeId element = ParseXml(tree, "<" + name + "/>", XmlEncoding::Utf8);
+    const XmlTree::NodeId element =
+        ParseXml(tree, Concatenate({"<", name, "/>"}), XmlEncoding::Utf8);
     return tree.At(element).content == name;
   } catch (const AutomationError&) {
     return false;
@@ -83,8 +84,8 @@ bool IsXmlName(const std::string& name) {
 }
 
 void RequireXmlName(std::string_view name) {
-  if (!IsPlainName(name) && !IsXmlName(std::string(name))) {
-    RaiseInvalidArgument("Not a name that XML allows here: " + std::string(name));
+  if (!IsPlainName(name) && !IsXmlName(name)) {
+    RaiseInvalidArgument({"Not a name that XML allows here: ", name});
   }
 }
 
@@ -103,7 +104,7 @@ void DataIO::LoadXml(std::string_view source) {
 
 DataIO::NodeId DataIO::ParseFile(const std::string& path) {
   if (!readFile_) {
-    RaiseError(error_number::kFileNotFound, "File not found: " + path, kSource);
+    RaiseError(error_number::kFileNotFound, {"File not found: ", path}, kSource);
   }
   const FileText file = Decode(readFile_(path));
   return ParseXml(tree_, file.text, file.encoding, path);
@@ -177,11 +178,8 @@ bool DataIO::HasAttribute(std::string_view name) const {
   return tree_.FindAttribute(cursor_, name) != nullptr;
 }
 
-Variant DataIO::GetAttribute(std::string_view name) const { return AttributeOf(cursor_, name); }
-
-Variant DataIO::AttributeOf(NodeId element, std::string_view name) const {
-  const std::string* value = tree_.FindAttribute(element, name);
-  return value != nullptr ? Variant(*value) : Variant();
+OptionalText DataIO::GetAttribute(std::string_view name) const {
+  return {tree_.FindAttribute(cursor_, name)};
 }
 
 bool DataIO::SetAttribute(std::string_view name, std::string_view value) {
@@ -213,14 +211,15 @@ Variant DataIO::GetChildText(std::int32_t index) const {
   return TextOf(tree_.ChildElement(cursor_, index));
 }
 
-Variant DataIO::GetChildAttribute(std::int32_t index, std::string_view name) const {
-  return AttributeOf(tree_.ChildElement(cursor_, index), name);
+OptionalText DataIO::GetChildAttribute(std::int32_t index, std::string_view name) const {
+  return {tree_.FindAttribute(tree_.ChildElement(cursor_, index), name)};
 }
 
-Variant DataIO::GetChildAttributeByName(std::string_view child, std::string_view name) const {
+OptionalText DataIO::GetChildAttributeByName(std::string_view child, std::string_view name) const {
   for (NodeId node = tree_.At(cursor_).firstChild; node != XmlTree::kNone;
        node = tree_.At(node).next) {
-    if (tree_.At(node).isElement && tree_.At(node).content == child) return AttributeOf(node, name);
+    const XmlTree::Node& found = tree_.At(node);
+    if (found.isElement && found.content == child) return {tree_.FindAttribute(node, name)};
   }
   return {};
 }

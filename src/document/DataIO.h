@@ -68,7 +68,8 @@ class DataIO : public Object {
   [[nodiscard]] std::string GetNodeXml(std::string_view name) const;
 
   [[nodiscard]] bool HasAttribute(std::string_view name) const;
-  [[nodiscard]] Variant GetAttribute(std::string_view name) const;
+  // Values of attributes are the document's own, good until it changes.
+  [[nodiscard]] OptionalText GetAttribute(std::string_view name) const;
   // Adds or replaces; False without a current element. Raises 5 for a name that XML does not
   // allow there, and for a value with characters that XML cannot carry.
   bool SetAttribute(std::string_view name, std::string_view value);
@@ -80,10 +81,10 @@ class DataIO : public Object {
 
   [[nodiscard]] std::int32_t ChildCount() const;
   [[nodiscard]] Variant GetChildText(std::int32_t index) const;
-  [[nodiscard]] Variant GetChildAttribute(std::int32_t index, std::string_view name) const;
+  [[nodiscard]] OptionalText GetChildAttribute(std::int32_t index, std::string_view name) const;
   // Of the first child element of that name.
-  [[nodiscard]] Variant GetChildAttributeByName(std::string_view child,
-                                                std::string_view name) const;
+  [[nodiscard]] OptionalText GetChildAttributeByName(std::string_view child,
+                                                     std::string_view name) const;
 
   // A handle to an element that is no longer in the document moves the cursor to the document
   // element.
@@ -101,7 +102,6 @@ class DataIO : public Object {
   [[nodiscard]] NodeId FindInScope(std::string_view name) const;
   bool MoveTo(NodeId node);
   [[nodiscard]] Variant TextOf(NodeId element) const;
-  [[nodiscard]] Variant AttributeOf(NodeId element, std::string_view name) const;
 
   FileReader readFile_;
   Object* owner_ = nullptr;

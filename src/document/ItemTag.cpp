@@ -1,5 +1,7 @@
 #include "document/ItemTag.h"
 
+#include "automation/Text.h"
+
 namespace zav {
 
 namespace {
@@ -28,6 +30,10 @@ TagFields Split(std::string_view tag) {
 
 }  // namespace
 
+std::string MakeTag(std::string_view objectId, std::string_view groupId, std::string_view answer) {
+  return Concatenate({objectId, "*", groupId, "*", answer});
+}
+
 std::string GetObjectId(std::string_view tag) { return std::string(Split(tag).object); }
 
 std::string GetGroupId(std::string_view tag) { return std::string(Split(tag).group); }
@@ -35,7 +41,8 @@ std::string GetGroupId(std::string_view tag) { return std::string(Split(tag).gro
 std::string GetAnswerId(std::string_view tag) { return std::string(Split(tag).answer); }
 
 std::string SetAnswerId(std::string_view tag, std::string_view id) {
-  return GetObjectId(tag) + "*" + GetGroupId(tag) + "*" + std::string(id);
+  const TagFields fields = Split(tag);
+  return MakeTag(fields.object, fields.group, id);
 }
 
 }  // namespace zav

@@ -7,6 +7,8 @@
 
 namespace zav {
 
+std::string MakeTag(std::string_view objectId, std::string_view groupId, std::string_view answer);
+
 std::string GetObjectId(std::string_view tag);
 std::string GetGroupId(std::string_view tag);
 // All that follows the second "*".

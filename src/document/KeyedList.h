@@ -22,7 +22,7 @@ class KeyedList {
   T& Add(T item, std::string_view key) {
     const auto position = static_cast<std::int32_t>(items_.size()) + 1;
     if (!positions_.emplace(UpperCase(key), position).second) {
-      RaiseError(error_number::kDuplicateKey, "This key is already in use: " + std::string(key));
+      RaiseError(error_number::kDuplicateKey, {"This key is already in use: ", key});
     }
     return items_.emplace_back(std::move(item));
   }
@@ -49,7 +49,7 @@ class KeyedList {
     const T* found = Find(key);
     if (found == nullptr) {
       RaiseError(error_number::kInvalidArgument,
-                 "Invalid procedure call or argument: no item " + std::string(key));
+                 {"Invalid procedure call or argument: no item ", key});
     }
     return *found;
   }

@@ -19,8 +19,7 @@ std::int32_t EnterSection(DataIO& source, std::string_view xml, std::string_view
 }
 
 std::string Enclose(std::string_view element, std::string_view content) {
-  const std::string name(element);
-  return "<" + name + ">" + std::string(content) + "</" + name + ">";
+  return Concatenate({"<", element, ">", content, "</", element, ">"});
 }
 
 std::string ResponsesFromList(std::string_view list) {
@@ -79,7 +78,7 @@ std::string CommaForm(std::string_view xml) {
   section.LoadXml(xml);
   std::string text;
   for (std::int32_t index = 0; index < section.ChildCount(); ++index) {
-    text += ", " + ToText(section.GetChildText(index));
+    text.append(", ").append(ToText(section.GetChildText(index)));
   }
   return text.empty() ? text : text.substr(1);
 }

@@ -3,6 +3,8 @@
 #include <set>
 #include <utility>
 
+#include "automation/Text.h"
+
 namespace zav {
 
 namespace {
@@ -26,10 +28,13 @@ bool HasStrayColon(std::string_view name) {
   return name.front() == ':' || name.back() == ':' || name.find(':') != name.rfind(':');
 }
 
-std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+// What is wrong with the text, as it can stand in a message.
+std::string Problem(std::string_view what, std::string_view text, std::string_view rest = {}) {
+  return Concatenate({what, " \"", text, "\"", rest});
+}
 
 std::string StrayColon(std::string_view name) {
-  return "expected a name with at most one prefix, found " + Quoted(name);
+  return Problem("expected a name with at most one prefix, found", name);
 }
 
 }  // namespace
@@ -67,11 +72,11 @@ std::string XmlNamespaces::Declare(const XmlAttribute& attribute) {
   const std::string_view prefix = DeclaredPrefix(attribute);
   const bool isXml = prefix == "xml";
   if (prefix == "xmlns" || isXml != (attribute.value == kXmlNamespace)) {
-    return "expected no other meaning of a reserved prefix or namespace, found " +
-           Quoted(attribute.name);
+    return Problem("expected no other meaning of a reserved prefix or namespace, found",
+                   attribute.name);
   }
   if (attribute.value.empty()) {
-    return "expected a namespace, found nothing in " + Quoted(attribute.name);
+    return Problem("expected a namespace, found nothing in", attribute.name);
   }
   bindings_[std::string(prefix)].push_back(attribute.value);
   return {};
@@ -81,7 +86,7 @@ std::string XmlNamespaces::CheckName(std::string_view name) const {
   if (HasStrayColon(name)) return StrayColon(name);
   const std::string_view prefix = Split(name).prefix;
   if (prefix.empty() || Find(prefix) != nullptr) return {};
-  return "expected a declared prefix, found " + Quoted(name);
+  return Problem("expected a declared prefix, found", name);
 }
 
 // Two prefixes may be bound to one namespace: then a:x and b:x are the same attribute twice.
@@ -91,8 +96,7 @@ std::string XmlNamespaces::CheckSameNames(const std::vector<XmlAttribute>& attri
     const QualifiedName name = Split(attribute.name);
     const std::string* space = name.prefix.empty() ? nullptr : Find(name.prefix);
     if (space != nullptr && !seen.emplace(*space, name.local).second) {
-      return "expected each attribute once, found " + Quoted(attribute.name) +
-             " under two prefixes";
+      return Problem("expected each attribute once, found", attribute.name, " under two prefixes");
     }
   }
   return {};

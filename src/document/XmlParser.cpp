@@ -37,7 +37,7 @@ ParserPointer MakeParser(XmlEncoding encoding) {
 std::string ByteText(char byte) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const auto value = static_cast<unsigned char>(byte);
-  return "the byte 0x" + std::string{kDigits[value / 16U], kDigits[value % 16U]};
+  return Concatenate({"the byte 0x", std::string{kDigits[value / 16U], kDigits[value % 16U]}});
 }
 
 // The beginning of text as it can stand in a message of one line.
@@ -48,12 +48,12 @@ std::string Excerpt(std::string_view text) {
   while (length < excerpt.size() && static_cast<unsigned char>(excerpt[length]) >= ' ') ++length;
   excerpt = excerpt.substr(0, length);
   if (excerpt.empty() || !IsWellFormedUtf8(excerpt)) return ByteText(text.front());
-  return "\"" + std::string(excerpt) + "\"";
+  return Concatenate({"\"", excerpt, "\""});
 }
 
 std::string Expectation(XML_Error error, std::string_view openElement) {
   const bool isOpen = !openElement.empty();
-  std::string endTag = "expected </" + std::string(openElement) + ">";
+  std::string endTag = Concatenate({"expected </", openElement, ">"});
   switch (error) {
     case XML_ERROR_NO_ELEMENTS:
       return isOpen ? endTag : "expected an element";
@@ -141,7 +141,7 @@ class Reader {
   static void XMLCALL OnDoctype(void* userData, const XML_Char* name, const XML_Char* /*system*/,
                                 const XML_Char* /*publicId*/, int /*hasInternalSubset*/) {
     Run(userData, [=](Reader& self) {
-      throw self.Error("expected an element, found <!DOCTYPE " + std::string(name) + ">");
+      throw self.Error(Concatenate({"expected an element, found <!DOCTYPE ", name, ">"}));
     });
   }
 
@@ -185,15 +185,16 @@ class Reader {
   [[nodiscard]] AutomationError ParserError() const {
     const XML_Error error = XML_GetErrorCode(parser_.get());
     if (error == XML_ERROR_NO_MEMORY) return {error_number::kOutOfMemory, "Out of memory"};
-    return Error(Expectation(error, tree_.At(open_).content) + ", found " + Excerpt(Here()));
+    return Error(
+        Concatenate({Expectation(error, tree_.At(open_).content), ", found ", Excerpt(Here())}));
   }
 
-  [[nodiscard]] AutomationError Error(const std::string& problem) const {
-    std::string description = "XML error";
-    if (!documentName_.empty()) description += " in " + std::string(documentName_);
-    description += " at line " + std::to_string(XML_GetCurrentLineNumber(parser_.get()));
-    description += ", column " + std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1);
-    return {error_number::kComponent, description + ": " + problem, "DataIO"};
+  [[nodiscard]] AutomationError Error(std::string_view problem) const {
+    const std::string description =
+        Concatenate({"XML error", documentName_.empty() ? "" : " in ", documentName_, " at line ",
+                     std::to_string(XML_GetCurrentLineNumber(parser_.get())), ", column ",
+                     std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1), ": ", problem});
+    return {error_number::kComponent, description, "DataIO"};
   }
 
   XmlTree& tree_;

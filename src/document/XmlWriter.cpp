@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "automation/Text.h"
 #include "document/XmlNamespaces.h"
 
 namespace zav {
@@ -74,7 +75,7 @@ class Writer {
     if (stop == node) return;
     while (node != top && (next == XmlTree::kNone || tree_.At(node).parent != stop)) {
       node = tree_.At(node).parent;
-      xml_ += "</" + tree_.At(node).content + ">";
+      xml_ += Concatenate({"</", tree_.At(node).content, ">"});
     }
   }
 

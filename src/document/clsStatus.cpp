@@ -19,7 +19,7 @@ std::string FindChoiceNode(DataIO& document) {
   document.SetFromRoot(true);
   if (!document.FindNode("Screens")) return {};
   for (std::int32_t index = 0; index < document.ChildCount(); ++index) {
-    if (ToText(document.GetChildAttribute(index, "Form")) == "frmMC") {
+    if (document.GetChildAttribute(index, "Form").View() == "frmMC") {
       return ToText(document.GetChildAttribute(index, "Node"));
     }
   }

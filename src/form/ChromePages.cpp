@@ -3,10 +3,13 @@
 #include <initializer_list>
 #include <utility>
 
+#include "automation/Text.h"
+
 namespace zav {
 namespace {
 
-using Rules = std::initializer_list<std::pair<std::string_view, std::string>>;
+// Class names and their styles.
+using Rules = std::initializer_list<std::pair<std::string_view, std::string_view>>;
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kWideTable = "<TABLE cellspacing=0 cellpadding=0 border=0 width=100%>";
@@ -19,64 +22,61 @@ std::string Lines(std::initializer_list<std::string_view> lines) {
   return text;
 }
 
-std::string Page(const Rules& rules, const std::string& body) {
-  std::string page = Lines({"<HTML>", "<HEAD>", "<STYLE>"});
+std::string Page(const Rules& rules, std::string_view body) {
   // Not a style that any browser knows; the page's own background is what shows.
-  page += Lines({addStyleRule("Background", "#99ccff")});
-  for (const auto& [className, style] : rules) page += Lines({addStyleRule(className, style)});
-  page += Lines({"</STYLE>", "</HEAD>", "<BODY style=\"MARGIN:0px;\" class=\"Background\">"});
-  return page + body + Lines({"</BODY>", "</HTML>"});
+  std::string styles = Lines({addStyleRule("Background", "#99ccff")});
+  for (const auto& [className, style] : rules) styles += Lines({addStyleRule(className, style)});
+  return Concatenate(
+      {Lines({"<HTML>", "<HEAD>", "<STYLE>"}), styles,
+       Lines({"</STYLE>", "</HEAD>", "<BODY style=\"MARGIN:0px;\" class=\"Background\">"}), body,
+       Lines({"</BODY>", "</HTML>"})});
 }
 
 std::string TitleCell(std::string_view id, std::string_view text) {
-  std::string cell = "<TD id=\"";
-  cell.append(id).append("\" class=\"TitleCell\"><SPAN class=\"Title\">").append(text);
-  return cell + "</SPAN></TD>";
+  return Concatenate(
+      {"<TD id=\"", id, "\" class=\"TitleCell\"><SPAN class=\"Title\">", text, "</SPAN></TD>"});
 }
 
 std::string TitleCellStyle(std::string_view picture, std::string_view repeat,
                            std::string_view padding, std::string_view textColor) {
-  std::string style = "BACKGROUND-IMAGE:url(";
-  style.append(picture).append("); BACKGROUND-REPEAT:").append(repeat).append("; ");
-  style.append(padding).append(" COLOR:").append(textColor);
-  return style + "; overflow:hidden;";
+  return Concatenate({"BACKGROUND-IMAGE:url(", picture, "); BACKGROUND-REPEAT:", repeat, "; ",
+                      padding, " COLOR:", textColor, "; overflow:hidden;"});
 }
 
 // A table of one row that holds just the cell with the text.
-std::string HeadingPage(std::string_view rowHeight, const std::string& cellStyle,
+std::string HeadingPage(std::string_view rowHeight, std::string_view cellStyle,
                         std::string_view cellId, std::string_view text) {
   return Page(
-      {{"TitleRow", "HEIGHT: " + std::string(rowHeight) + "px;"},
+      {{"TitleRow", Concatenate({"HEIGHT: ", rowHeight, "px;"})},
        {"TitleCell", cellStyle},
-       {"Title", std::string(kTitleStyle)}},
+       {"Title", kTitleStyle}},
       Lines({kWideTable, "<TR class=\"TitleRow\">", TitleCell(cellId, text), "</TR>", "</TABLE>"}));
 }
 
 std::string AreaTitlePage(std::string_view rightPadding, std::string_view text) {
-  const std::string padding =
-      "PADDING-TOP:3px; PADDING-LEFT:10px; PADDING-BOTTOM:3px; PADDING-RIGHT:" +
-      std::string(rightPadding) + ";";
+  const std::string padding = Concatenate(
+      {"PADDING-TOP:3px; PADDING-LEFT:10px; PADDING-BOTTOM:3px; PADDING-RIGHT:", rightPadding,
+       ";"});
   return HeadingPage("27", TitleCellStyle("AreaTitle_Bar_tilekvt.bmp", "repeat", padding, "white"),
                      "WorkHeading", text);
 }
 
 // side is "Left" or "Right".
-std::string EdgePage(const std::string& side, std::string_view picture) {
-  return Page(
-      {{side + "EdgeRow", ""},
-       {side + "EdgeCell", "WIDTH:8px; BACKGROUND-IMAGE:url(" + std::string(picture) +
-                               "); BACKGROUND-REPEAT:repeat-y;"}},
-      Lines({kHighTable,
-             "<TR class=\"" + side + "EdgeRow\"><TD class=\"" + side + "EdgeCell\"></TD></TR>",
-             "</TABLE>"}));
+std::string EdgePage(std::string_view side, std::string_view picture) {
+  const std::string row = Concatenate({side, "EdgeRow"});
+  const std::string cell = Concatenate({side, "EdgeCell"});
+  return Page({{row, ""},
+               {cell, Concatenate({"WIDTH:8px; BACKGROUND-IMAGE:url(", picture,
+                                   "); BACKGROUND-REPEAT:repeat-y;"})}},
+              Lines({kHighTable,
+                     Concatenate({"<TR class=\"", row, "\"><TD class=\"", cell, "\"></TD></TR>"}),
+                     "</TABLE>"}));
 }
 
 }  // namespace
 
 std::string addStyleRule(std::string_view className, std::string_view style) {
-  std::string rule = ".";
-  rule.append(className).append("{").append(style);
-  return rule + "}";
+  return Concatenate({".", className, "{", style, "}"});
 }
 
 std::string createTitle(std::string_view heading) {
@@ -87,7 +87,7 @@ std::string createTitle(std::string_view heading) {
         TitleCellStyle("Top_Bar_tilekvt.bmp", "repeat-x",
                        "PADDING-TOP:3px; PADDING-LEFT:10px; PADDING-BOTTOM:0px; PADDING-RIGHT:0px;",
                        "white")},
-       {"Title", std::string(kTitleStyle)},
+       {"Title", kTitleStyle},
        {"RightCornerCell", "WIDTH:10px; BACKGROUND-IMAGE:url(Rt_cornerkvt.bmp);"}},
       Lines({kWideTable, "<TR class=\"TitleRow\">", "<TD class=\"LeftCornerCell\"></TD>",
              TitleCell("ItemStemHeading", heading), "<TD class=\"RightCornerCell\"></TD>", "</TR>",
@@ -125,8 +125,9 @@ std::string createBottom() {
 std::string createButtons(const std::vector<FooterButton>& buttons) {
   std::string body = Lines({kWideTable, "<TR class=\"FooterRow\">"});
   for (const FooterButton& button : buttons) {
-    body += Lines({"<TD class=\"FooterCell\" valign=middle>&nbsp;<Button id=\"" + button.id +
-                   "\" class=\"Button\">" + button.caption + "</Button>&nbsp;</TD>"});
+    body +=
+        Lines({Concatenate({"<TD class=\"FooterCell\" valign=middle>&nbsp;<Button id=\"", button.id,
+                            "\" class=\"Button\">", button.caption, "</Button>&nbsp;</TD>"})});
   }
   body += Lines({"<TD class=\"FooterCell\" width=100%></TD>", "</TR>", "</TABLE>"});
   return Page(

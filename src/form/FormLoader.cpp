@@ -29,7 +29,7 @@ void FormLoader::SetParentClass(ItemOwner* owner) {
     std::string& supportDir = rooms_.pages.SupportDir;
     if (owner == nullptr) {
       form_.SetOwner(nullptr);
-      if (!supportDir.empty()) services.DeleteFiles(supportDir + "*kvt.htm");
+      if (!supportDir.empty()) services.DeleteFiles(Concatenate({supportDir, "*kvt.htm"}));
       return;
     }
     form_.SetOwner(owner);
@@ -41,7 +41,7 @@ void FormLoader::SetParentClass(ItemOwner* owner) {
 void FormLoader::SaveSupportPictures() {
   Services& services = form_.host.services();
   for (const std::string_view tag : kSupportPictures) {
-    const std::string path = rooms_.pages.SupportDir + std::string(tag) + "kvt.bmp";
+    const std::string path = Concatenate({rooms_.pages.SupportDir, tag, "kvt.bmp"});
     if (services.FileExists(path)) continue;
     const PictureRef picture = services.ResourcePicture(tag);
     if (picture) services.SavePicture(*picture, path);
@@ -84,7 +84,7 @@ void FormLoader::ReadDisplayMetrics() {
   tables.ItemTwipsPerPixelX = ToInt16(document.GetAttribute("TwipsPerPixelX"));
   document.SetFromRoot(true);
   document.FindNode("SourceArea");
-  tables.SourceAreaOnLeft = ToText(document.GetAttribute("Location")) != "Top";
+  tables.SourceAreaOnLeft = document.GetAttribute("Location").View() != "Top";
 }
 
 void FormLoader::SetPromptCaptions() {

@@ -9,7 +9,7 @@ namespace {
 
 AutomationError OutOfRange() { return {error_number::kIndexOutOfRange, "Subscript out of range"}; }
 
-float Pixels(const Variant& authored, std::int16_t twipsPerPixel) {
+float Pixels(OptionalText authored, std::int16_t twipsPerPixel) {
   if (twipsPerPixel == 0) RaiseError(error_number::kDivisionByZero, "Division by zero");
   return ToSingle(authored) / static_cast<float>(twipsPerPixel);
 }
@@ -23,11 +23,11 @@ std::int16_t& SourceUsesTable::operator()(int source, int column) {
   return uses_[static_cast<std::size_t>(source)][static_cast<std::size_t>(column)];
 }
 
-float ItemTables::PixelsX(const Variant& authored) const {
+float ItemTables::PixelsX(OptionalText authored) const {
   return Pixels(authored, ItemTwipsPerPixelX);
 }
 
-float ItemTables::PixelsY(const Variant& authored) const {
+float ItemTables::PixelsY(OptionalText authored) const {
   return Pixels(authored, ItemTwipsPerPixelY);
 }
 

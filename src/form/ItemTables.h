@@ -52,8 +52,8 @@ struct ItemTables {
 
   // An authored position or size in pixels. Raises 13 for text that is no number, 11 when the item
   // does not say how its display was measured.
-  [[nodiscard]] float PixelsX(const Variant& authored) const;
-  [[nodiscard]] float PixelsY(const Variant& authored) const;
+  [[nodiscard]] float PixelsX(OptionalText authored) const;
+  [[nodiscard]] float PixelsY(OptionalText authored) const;
 
   // The record of the group that the tag names. Raises 5 for a group that is not there.
   clsGroup& GroupOf(std::string_view tag);

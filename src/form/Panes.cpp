@@ -43,7 +43,7 @@ const SplitterPane& Panes::Find(std::string_view name) const {
   for (const SplitterPane* pane : form_.controls.spSplitter.Panes()) {
     if (EqualIgnoringCase(pane->key, name)) return *pane;
   }
-  RaiseError(error_number::kInvalidArgument, "Splitter pane not found: " + std::string(name));
+  RaiseError(error_number::kInvalidArgument, {"Splitter pane not found: ", name});
 }
 
 const Rect& Panes::RectOf(std::string_view name) const { return Find(name).rect; }

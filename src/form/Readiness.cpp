@@ -107,7 +107,7 @@ bool Readiness::ViewedAll_Get() {
 
 void Readiness::AskToScroll() {
   const DataIO& document = form_.Document();
-  if (!EqualIgnoringCase(ToText(document.GetAttribute("DisplayScrollMsg")), "True")) return;
+  if (!EqualIgnoringCase(document.GetAttribute("DisplayScrollMsg").View(), "True")) return;
   ShowMessage(form_.Owner(), GetStaticMsg(form_.Owner(), "ScrollItem"), message_style::kNotice);
 }
 

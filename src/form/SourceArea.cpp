@@ -127,21 +127,21 @@ SourceArea::SourceEntry SourceArea::ReadEntry() {
   entry.group = &GroupOfEntry();
   entry.picture = ReadPicture();
   entry.allowedUses = ToInt16(document.GetAttribute("NumUses"));
-  entry.tag = ToText(document.GetAttribute("SourceID")) + "*" + entry.group->GroupId + "*" +
-              ToText(document.GetAttribute("AnswerValue"));
+  entry.tag = MakeTag(document.GetAttribute("SourceID").View(), entry.group->GroupId,
+                      document.GetAttribute("AnswerValue").View());
   entry.text = ReadText();
   return entry;
 }
 
 // Groups are compared exactly as they are written, unlike the keys of their list.
 clsGroup& SourceArea::GroupOfEntry() {
-  const std::string groupId = ToText(form_.Document().GetAttribute("GroupID"));
+  const std::string_view groupId = form_.Document().GetAttribute("GroupID").View();
   for (clsGroup& group : form_.tables.GroupList) {
     if (group.GroupId == groupId) return group;
   }
-  RaiseError(error_number::kObjectNotSet, "Source " +
-                                              ToText(form_.Document().GetAttribute("SourceID")) +
-                                              " names no group: " + groupId);
+  RaiseError(
+      error_number::kObjectNotSet,
+      {"Source ", form_.Document().GetAttribute("SourceID").View(), " names no group: ", groupId});
 }
 
 PictureRef SourceArea::ReadPicture() {

@@ -71,7 +71,7 @@ void StateRestorer::SetAnswer(const std::string& response) {
     const int target = FindTarget(form_, response);
     if (source == 0 || target == 0) {
       RaiseError(error_number::kIndexOutOfRange,
-                 "No target and source item for the response " + response);
+                 {"No target and source item for the response ", response});
     }
     RunBoth([&] { placement_.TargetDragDrop(target, form_.controls.txtSource[source]); },
             [&] { placement_.RecountUses(source); });

@@ -22,12 +22,6 @@ std::int32_t EnterList(DataIO& document, std::string_view name) {
   return document.ChildCount();
 }
 
-std::string ItemTag(DataIO& document, std::int32_t entry, std::string_view idName) {
-  return ToText(document.GetChildAttribute(entry, idName)) + "*" +
-         ToText(document.GetChildAttribute(entry, "GroupID")) + "*" +
-         ToText(document.GetChildAttribute(entry, "AnswerValue"));
-}
-
 }  // namespace
 
 void WorkArea::LoadWorkArea() {
@@ -105,8 +99,8 @@ void WorkArea::LoadCallout(int entry) {
   const std::string left = atLeast0(tables.PixelsX(document.GetChildAttribute(entry, "Left")));
   const std::string height = atLeast0(tables.PixelsY(document.GetChildAttribute(entry, "Height")));
   const std::string width = atLeast0(tables.PixelsX(document.GetChildAttribute(entry, "Width")));
-  callout.SetTag(top + ":" + left + ":" + height + ":" + width + ":" +
-                 ToText(document.GetChildAttribute(entry, "CalloutID")));
+  callout.SetTag(Concatenate({top, ":", left, ":", height, ":", width, ":",
+                              document.GetChildAttribute(entry, "CalloutID").View()}));
   document.MoveToChild(entry);
   document.MoveToChild(0);
   pages_.Load(callout, createCallout(ToText(document.GetText()), height));
@@ -156,7 +150,9 @@ void WorkArea::LoadTarget(int entry) {
   DataIO& document = form_.Document();
   FormControls& controls = form_.controls;
   const int target = entry + 1;
-  const std::string tag = ItemTag(document, entry, "TargetID");
+  const std::string tag = MakeTag(document.GetChildAttribute(entry, "TargetID").View(),
+                                  document.GetChildAttribute(entry, "GroupID").View(),
+                                  document.GetChildAttribute(entry, "AnswerValue").View());
   const float top = form_.tables.PixelsY(document.GetChildAttribute(entry, "Top"));
   const float left = form_.tables.PixelsX(document.GetChildAttribute(entry, "Left"));
   clsTarget record;
@@ -201,8 +197,8 @@ bool WorkArea::ShowTarget(int target, std::string& loadedName, std::string& load
   document.SetFromRoot(true);
   document.FindNode("Groups");
   if (!document.MoveToChild(ToInt32(GetGroupId(picture.tag())) - 1)) {
-    RaiseError(error_number::kIndexOutOfRange, "Target " + GetObjectId(picture.tag()) +
-                                                   " names no group: " + GetGroupId(picture.tag()));
+    RaiseError(error_number::kIndexOutOfRange, {"Target ", GetObjectId(picture.tag()),
+                                                " names no group: ", GetGroupId(picture.tag())});
   }
   const std::string name = ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));
   if (name != loadedName) {

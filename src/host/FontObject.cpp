@@ -8,7 +8,7 @@ namespace {
 
 using Table = MemberTable<FontObject>;
 
-template <auto kField, auto kConvert>
+template <typename Value, Value Font::*kField, Value (*kConvert)(const Variant&)>
 constexpr Table::Member Property(std::string_view name) {
   return {name, 0,
           [](FontObject& object, std::span<Variant>) -> Variant { return object.font.*kField; },
@@ -18,10 +18,11 @@ constexpr Table::Member Property(std::string_view name) {
           }};
 }
 
-constexpr Table::Member kMembers[] = {
-    Property<&Font::name, ToText>("Name"), Property<&Font::size, ToSingle>("Size"),
-    Property<&Font::bold, ToBoolean>("Bold"), Property<&Font::italic, ToBoolean>("Italic"),
-    Property<&Font::underline, ToBoolean>("Underline")};
+constexpr Table::Member kMembers[] = {Property<std::string, &Font::name, ToText>("Name"),
+                                      Property<float, &Font::size, ToSingle>("Size"),
+                                      Property<bool, &Font::bold, ToBoolean>("Bold"),
+                                      Property<bool, &Font::italic, ToBoolean>("Italic"),
+                                      Property<bool, &Font::underline, ToBoolean>("Underline")};
 
 }  // namespace
 

@@ -200,7 +200,7 @@ bool clsDragDrop::RescoreExternalDisplayQuick(const SafeArray& arResponse, std::
   return Member("DisplayInt_RescoreExternalDisplayQuick", [&] {
     counts = {};
     if (lRespBytes < 1) return;
-    Rescore("<State>" + TextOfArray(arResponse) + "</State>", counts);
+    Rescore(Concatenate({"<State>", TextOfArray(arResponse), "</State>"}), counts);
   });
 }
 

@@ -16,7 +16,7 @@ std::string FindMessage(DataIO& document, std::string_view key, std::string_view
   document.SetFromRoot(false);
   if (!section.empty()) document.FindNode(section);
   if (!document.FindNode(key)) {
-    RaiseError(error_number::kComponent, "Static node not found, " + std::string(key));
+    RaiseError(error_number::kComponent, {"Static node not found, ", key});
   }
   return ToText(document.GetText());
 }

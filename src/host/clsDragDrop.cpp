@@ -34,7 +34,7 @@ bool FindLanguage(DataIO& strings, const std::string& language) {
   const std::int32_t count = strings.ChildCount();
   for (std::int32_t i = 0; i < count; ++i) {
     strings.MoveToChild(i);
-    if (strings.HasAttribute("Id") && ToText(strings.GetAttribute("Id")) == language) return true;
+    if (strings.HasAttribute("Id") && strings.GetAttribute("Id").View() == language) return true;
     strings.MoveToParent();
   }
   return false;
@@ -187,7 +187,8 @@ void clsDragDrop::AttachForm() {
   }
   std::vector<std::uint8_t> bytes = ReadCaseFile(caseCode);
   if (bytes.empty()) {
-    ShowMessage(*this, "Can't find case study for this item.  Looking for " + caseCode,
+    ShowMessage(*this,
+                Concatenate({"Can't find case study for this item.  Looking for ", caseCode}),
                 message_style::kNotice);
     AttachForm(mlParenthWnd);
     return;
@@ -203,7 +204,7 @@ void clsDragDrop::AttachForm(WindowHandle parent) {
 
 // A file that is missing or that cannot be read is one without bytes.
 std::vector<std::uint8_t> clsDragDrop::ReadCaseFile(const std::string& caseCode) {
-  const std::string path = GetGraphicsPath(moExternalSupport_, caseCode + ".xml");
+  const std::string path = GetGraphicsPath(moExternalSupport_, Concatenate({caseCode, ".xml"}));
   if (path.empty()) return {};
   try {
     return controlHost_.services().ReadFile(path);

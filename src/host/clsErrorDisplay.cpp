@@ -1,6 +1,7 @@
 #include "host/clsErrorDisplay.h"
 
 #include "automation/Conversions.h"
+#include "automation/Text.h"
 
 namespace zav {
 namespace {
@@ -9,9 +10,9 @@ namespace {
 constexpr std::int32_t kLineNumber = 0;
 
 std::string MessageText(const AutomationError& error, const std::string& routine) {
-  return "Error: Description - " + error.Description() + ".  Number - " + ToText(error.Number()) +
-         "  Source - " + error.Source() + "  Routine - " + routine + "  LineNumber - " +
-         ToText(kLineNumber);
+  return Concatenate({"Error: Description - ", error.Description(), ".  Number - ",
+                      ToText(error.Number()), "  Source - ", error.Source(), "  Routine - ",
+                      routine, "  LineNumber - ", ToText(kLineNumber)});
 }
 
 }  // namespace

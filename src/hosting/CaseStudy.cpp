@@ -31,7 +31,7 @@ struct CaseFile {
 std::string RequireText(DataIO& document, std::string_view name) {
   document.MoveToTop();
   if (!document.FindNode(name)) {
-    RaiseError(error_number::kInvalidArgument, "The case file has no element " + std::string(name),
+    RaiseError(error_number::kInvalidArgument, {"The case file has no element ", name},
                "CaseStudy");
   }
   return ToText(document.GetText());
@@ -53,7 +53,7 @@ std::span<const std::uint8_t> FirstBytes(const Variant& bytes, std::int32_t coun
   if (count < 0 || static_cast<std::size_t>(count) > all.size()) {
     RaiseError(
         error_number::kIndexOutOfRange,
-        "The case file has " + std::to_string(all.size()) + " bytes, not " + std::to_string(count),
+        {"The case file has ", std::to_string(all.size()), " bytes, not ", std::to_string(count)},
         "CaseStudy");
   }
   return all.first(static_cast<std::size_t>(count));

@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kExcerptLength = 100;
 
 std::string Quote(std::string_view text) {
-  return "\"" + std::string(FirstCharacters(text, kExcerptLength)) + "\"";
+  return Concatenate({"\"", FirstCharacters(text, kExcerptLength), "\""});
 }
 
 DataIO& RequireDocument(const DataIORef& document) {
@@ -80,9 +80,9 @@ Variant ScoreEngine::CalculateScore() {
   for (const Answer& answer : ReadAnswers()) {
     ++number;
     if (const auto fault = keys.Add(answer.expression, answer.weight)) {
-      Tell("The key " + Quote(answer.expression) + " of answer " + std::to_string(number) +
-           " is not well formed: " + fault->reason + ", character " +
-           std::to_string(fault->position));
+      Tell(Concatenate({"The key ", Quote(answer.expression), " of answer ", std::to_string(number),
+                        " is not well formed: ", fault->reason, ", character ",
+                        std::to_string(fault->position)}));
     }
   }
   return keys.RawScore(ReadResponses(RequireDocument(document_), keys));
@@ -120,8 +120,8 @@ double ScoreEngine::ReadWeight(const Variant& weight, std::int32_t index) {
   try {
     return ToDouble(weight);
   } catch (const AutomationError&) {
-    const std::string message =
-        "The weight " + Quote(text) + " of answer " + std::to_string(index + 1) + " is no number";
+    const std::string message = Concatenate(
+        {"The weight ", Quote(text), " of answer ", std::to_string(index + 1), " is no number"});
     Tell(message);
     RaiseError(error_number::kTypeMismatch, message, "ScoreEngine");
   }

@@ -154,7 +154,7 @@ class KeyCompiler {
 
   void Fail(std::string reason) {
     const std::string_view excerpt = FirstCharacters(Rest(), kExcerptLength);
-    reason += excerpt.empty() ? " at the end" : " at \"" + std::string(excerpt) + "\"";
+    reason += excerpt.empty() ? " at the end" : Concatenate({" at \"", excerpt, "\""});
     const auto before = std::string_view(text_).substr(0, position_);
     fault_ = KeyFault{std::move(reason), CharacterCount(before) + 1};
   }

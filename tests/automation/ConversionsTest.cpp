@@ -87,14 +87,43 @@ TEST(Conversions, ReadsHexadecimalTextAsTheBitsOfTheResult) {
 }
 
 TEST(Conversions, ReadsColours) {
-  EXPECT_EQ(ToColor("HC00000"s), 0xC00000);
-  EXPECT_EQ(ToColor("HFFFFFF"s), 0xFFFFFF);
-  EXPECT_EQ(ToColor("H8000"s), 32768) << "not negative, though it would fill 16 bits";
-  EXPECT_EQ(ToColor("H8000000F"s), static_cast<std::int32_t>(0x8000000F)) << "a system colour";
-  EXPECT_EQ(ToColor("hff"s), 0xFF);
-  for (const Variant& value : std::initializer_list<Variant>{
-           "255"s, ""s, "H"s, "&HFF"s, "#FF0000"s, "HXY"s, "H100000000"s, 255, std::monostate()}) {
-    EXPECT_EQ(Catch([&] { ToColor(value); }).number, 13) << value.index();
+  const auto color = [](const std::string& text) { return ToColor({&text}); };
+  EXPECT_EQ(color("HC00000"), 0xC00000);
+  EXPECT_EQ(color("HFFFFFF"), 0xFFFFFF);
+  EXPECT_EQ(color("H8000"), 32768) << "not negative, though it would fill 16 bits";
+  EXPECT_EQ(color("H8000000F"), static_cast<std::int32_t>(0x8000000F)) << "a system colour";
+  EXPECT_EQ(color("hff"), 0xFF);
+  for (const char* text : {"255", "", "H", "&HFF", "#FF0000", "HXY", "H100000000"}) {
+    EXPECT_EQ(Catch([&] { color(text); }).number, 13) << text;
+  }
+  EXPECT_EQ(Catch([] { ToColor(OptionalText{}); }).number, 13) << "none";
+}
+
+TEST(Conversions, ReadTextThatMayBeMissingAsTheyReadVariants) {
+  EXPECT_EQ(ToInt16(OptionalText{}), 0);
+  EXPECT_EQ(ToInt32(OptionalText{}), 0);
+  EXPECT_EQ(ToSingle(OptionalText{}), 0);
+  EXPECT_FALSE(ToBoolean(OptionalText{}));
+  EXPECT_EQ(ToText(OptionalText{}), "");
+  for (const std::string& text :
+       {"2.5"s, "-1"s, "&HFFFF"s, "1e39"s, "99999"s, "true"s, ""s, "x"s}) {
+    const auto outcome = [](const auto& convert) {
+      double value = 0;
+      const std::int32_t error = Catch([&] { value = convert(); }).number;
+      return std::pair(value, error);
+    };
+    const Variant variant(text);
+    const OptionalText optional{&text};
+    EXPECT_EQ(outcome([&] { return ToInt16(optional); }), outcome([&] { return ToInt16(variant); }))
+        << text;
+    EXPECT_EQ(outcome([&] { return ToInt32(optional); }), outcome([&] { return ToInt32(variant); }))
+        << text;
+    EXPECT_EQ(outcome([&] { return ToSingle(optional); }),
+              outcome([&] { return ToSingle(variant); }))
+        << text;
+    EXPECT_EQ(outcome([&] { return ToBoolean(optional); }),
+              outcome([&] { return ToBoolean(variant); }))
+        << text;
   }
 }
 

@@ -71,10 +71,10 @@ void SetAnswersCommand::ApplyKey(std::string key) {
 void SetAnswersCommand::ApplyTerm(const std::string& term, const std::string& key,
                                   std::string& applied) {
   if (ListContains(applied, FirstCharacters(term, 1))) return;
-  const bool isAlternative = Contains(UpperCase(key), "OR " + UpperCase(term));
+  const bool isAlternative = Contains(UpperCase(key), Concatenate({"OR ", UpperCase(term)}));
   if (ListContains(applied, LastCharacter(term)) && isAlternative) return;
   rooms_.restorer.SetAnswer(term);
-  applied += "," + term;
+  applied.append(",").append(term);
 }
 
 }  // namespace zav

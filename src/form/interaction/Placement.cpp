@@ -41,7 +41,7 @@ Placement::Landing Placement::Prepare(int target, const Control& dragged) const 
   const int source = isDragPicture ? FindSource(form_, landing.answerValue) : dragged.index();
   if (source == 0) {
     RaiseError(error_number::kIndexOutOfRange,
-               "No source item has the answer value " + landing.answerValue);
+               {"No source item has the answer value ", landing.answerValue});
   }
   landing.picture = controls.imgSource[source].picture();
   landing.text = form_.tables.SourceText(source);
@@ -98,7 +98,7 @@ PictureRef Placement::LoadEmptyPicture(int target) {
   PictureRef picture;
   const std::int32_t count = document.ChildCount();
   for (std::int32_t j = 0; j < count; ++j) {
-    if (ToText(document.GetChildAttribute(j, "GroupID")) != groupId) continue;
+    if (document.GetChildAttribute(j, "GroupID").View() != groupId) continue;
     document.MoveToChild(j);
     const std::string name =
         ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kCalculatorFile = "DCALC.EXE";
 
 [[noreturn]] void RaiseNotFound(std::string_view path) {
-  RaiseError(error_number::kFileNotFound, "File not found: " + std::string(path));
+  RaiseError(error_number::kFileNotFound, {"File not found: ", path});
 }
 
 bool EndsWith(std::string_view text, std::string_view end) {
@@ -92,7 +92,7 @@ PictureRef WebPlatform::LoadPicture(const std::string& path) {
   const auto found = pictures_.find(key);
   if (found == pictures_.end() && files_.count(key) == 0) RaiseNotFound(path);
   if (found == pictures_.end() || !found->second) {
-    RaiseError(error_number::kInvalidPicture, "Invalid picture: " + path);
+    RaiseError(error_number::kInvalidPicture, {"Invalid picture: ", path});
   }
   return found->second;
 }
@@ -100,7 +100,7 @@ PictureRef WebPlatform::LoadPicture(const std::string& path) {
 PictureRef WebPlatform::ResourcePicture(std::string_view tag) {
   const auto found = resources_.find(tag);
   if (found == resources_.end() || !found->second) {
-    RaiseError(error_number::kInvalidPicture, "No such picture: " + std::string(tag));
+    RaiseError(error_number::kInvalidPicture, {"No such picture: ", tag});
   }
   return found->second;
 }
