@@ -168,6 +168,19 @@ export class Exports {
   }
 }
 
+/**
+ * @param {string | URL} wasm
+ * @param {WebAssembly.Imports} imports
+ */
+async function instantiate(wasm, imports) {
+  const response = await fetch(wasm);
+  if (!response.ok) throw new Error(`${wasm} was answered with ${response.status}`);
+  // Streaming insists on a media type that not every server knows.
+  return response.headers.get('content-type') === 'application/wasm'
+    ? WebAssembly.instantiateStreaming(response, imports)
+    : WebAssembly.instantiate(await response.arrayBuffer(), imports);
+}
+
 /** @type {Promise<Runtime> | undefined} */
 let loading;
 
@@ -191,9 +204,13 @@ export class Runtime {
 
   /** @param {string | URL} wasm */
   static async #create(wasm) {
-    const module = await createModule({ locateFile: () => String(wasm) });
+    const page = {};
+    const module = await createModule({
+      page,
+      instantiate: (imports) => instantiate(wasm, imports),
+    });
     const runtime = new Runtime(module);
-    module.page = runtime.#page();
+    Object.assign(page, runtime.#page());
     return runtime;
   }
 
