@@ -51,14 +51,9 @@ std::string Excerpt(std::string_view text) {
   return Concatenate({"\"", excerpt, "\""});
 }
 
-std::string Expectation(XML_Error error, std::string_view openElement) {
-  const bool isOpen = !openElement.empty();
-  std::string endTag = Concatenate({"expected </", openElement, ">"});
+std::string_view Expectation(XML_Error error) {
   switch (error) {
     case XML_ERROR_NO_ELEMENTS:
-      return isOpen ? endTag : "expected an element";
-    case XML_ERROR_TAG_MISMATCH:
-      return endTag;
     case XML_ERROR_SYNTAX:
       return "expected an element";
     case XML_ERROR_INVALID_TOKEN:
@@ -77,14 +72,23 @@ std::string Expectation(XML_Error error, std::string_view openElement) {
       return "expected the number of a character";
     case XML_ERROR_MISPLACED_XML_PI:
       return "expected an XML declaration only at the beginning";
+    case XML_ERROR_XML_DECL:
+      return "expected version, encoding and standalone in an XML declaration";
     case XML_ERROR_UNKNOWN_ENCODING:
     case XML_ERROR_INCORRECT_ENCODING:
       return "expected the encoding UTF-8, UTF-16, ISO-8859-1 or US-ASCII";
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
       return "expected ]]>";
     default:
-      return XML_ErrorString(error);
+      return "expected well-formed XML";
   }
+}
+
+// Of an element that is open, the end is what is missing.
+std::string Expectation(XML_Error error, std::string_view openElement) {
+  const bool isEnd =
+      error == XML_ERROR_TAG_MISMATCH || (error == XML_ERROR_NO_ELEMENTS && !openElement.empty());
+  return isEnd ? Concatenate({"expected </", openElement, ">"}) : std::string(Expectation(error));
 }
 
 // One run of the parser. No exception may pass through the parser, which is C: what goes wrong in
