@@ -26,7 +26,11 @@ void ControlHost::RunEvent(Procedure handler) {
   }
 }
 
-void ControlHost::MarkChanged(Control& control) { changed_.push_back(&control); }
+// Ids grow in the order in which controls come to be, and a container is older than what it holds.
+void ControlHost::MarkChanged(Control& control) {
+  const auto isOlder = [](const Control* a, const Control* b) { return a->id() < b->id(); };
+  changed_.insert(std::upper_bound(changed_.begin(), changed_.end(), &control, isOlder), &control);
+}
 
 void ControlHost::Forget(Control& control) {
   std::erase(changed_, &control);
@@ -38,10 +42,6 @@ void ControlHost::Leave() {
   if (--depth_ > 0 || (changed_.empty() && removed_.empty())) return;
   std::vector<Control*> changed = std::exchange(changed_, {});
   const std::vector<ControlId> removed = std::exchange(removed_, {});
-  // Ids grow in the order in which controls come to be, and a container is older than what it
-  // holds.
-  std::sort(changed.begin(), changed.end(),
-            [](const Control* a, const Control* b) { return a->id() < b->id(); });
   platform_.presenter.Present(changed, removed);
   for (Control* control : changed) {
     control->changes_ = 0;

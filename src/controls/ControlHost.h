@@ -65,7 +65,7 @@ class ControlHost {
   Platform platform_;
   int depth_ = 0;
   bool takesInput_ = true;
-  std::vector<Control*> changed_;   // in no order; each once
+  std::vector<Control*> changed_;   // by id; each once
   std::vector<ControlId> removed_;  // presented before and gone since
   std::vector<std::shared_ptr<void>> kept_;
 };
