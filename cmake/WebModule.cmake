@@ -38,7 +38,7 @@ abort = () => {
     # It is a library: nothing runs when it is loaded, and it lives as long as the page.
     --no-entry -sNO_EXIT_RUNTIME=1
     # A stack that overflows traps instead of running into data.
-    -sALLOW_MEMORY_GROWTH=1 -sINITIAL_MEMORY=1MB -sTOTAL_STACK=256KB -Wl,--stack-first
+    -sALLOW_MEMORY_GROWTH=1 -sINITIAL_MEMORY=384KB -sTOTAL_STACK=128KB -Wl,--stack-first
     # As little JavaScript as possible comes along.
     -sMINIMAL_RUNTIME=1 --pre-js "${prefix}"
     -sSTRICT=1 -sASSERTIONS=0 -sFILESYSTEM=0 -sSUPPORT_LONGJMP=0 -sMALLOC=emmalloc
