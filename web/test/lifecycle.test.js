@@ -296,3 +296,33 @@ test('of sources that follow each other fast the last one is shown', async () =>
   assert.deepEqual([others, record.violations], [[], []]);
   await page.context().close();
 });
+
+test('an item comes up with a module that first could not be had', async () => {
+  const { page } = await openExam(browser, server);
+  const rows = [
+    { why: 'not there', answer: { status: 404 }, said: /answered with 404/ },
+    { why: 'no connection', answer: null, said: /fetch/ },
+    { why: 'no module', answer: { body: 'no', contentType: 'application/wasm' }, said: /CompileError/ },
+  ];
+  const load = () =>
+    page.evaluate(() =>
+      customElements
+        .get('zav-drag-drop')
+        .prepare()
+        .then(
+          () => 'loaded',
+          (error) => String(error),
+        ),
+    );
+  for (const { why, answer, said } of rows) {
+    await page.route('**/*.wasm', (route) => (answer ? route.fulfill(answer) : route.abort()));
+    assert.match(await load(), said, why);
+    await page.unroute('**/*.wasm');
+  }
+  await page.route('**/*.wasm', async (route) =>
+    route.fulfill({ response: await route.fetch(), contentType: 'text/plain' }),
+  );
+  assert.equal(await load(), 'loaded', 'from a server that does not know the media type');
+  await showItem(page);
+  await page.context().close();
+});
