@@ -302,7 +302,11 @@ test('an item comes up with a module that first could not be had', async () => {
   const rows = [
     { why: 'not there', answer: { status: 404 }, said: /answered with 404/ },
     { why: 'no connection', answer: null, said: /fetch/ },
-    { why: 'no module', answer: { body: 'no', contentType: 'application/wasm' }, said: /CompileError/ },
+    {
+      why: 'no module',
+      answer: { body: 'no', contentType: 'application/wasm' },
+      said: /CompileError/,
+    },
   ];
   const load = () =>
     page.evaluate(() =>
