@@ -11,6 +11,8 @@
  *   opens all of them again in each paragraph.
  */
 
+import { withFallback } from './fonts.js';
+
 /** Elements that a page may have. */
 export const ELEMENTS = new Set(
   (
@@ -112,7 +114,8 @@ function readTag(text, from) {
     const given = found[1].toLowerCase();
     const name = Object.hasOwn(HELD, given) ? HELD[given] : given;
     if (!ATTRIBUTES.has(name)) continue;
-    const value = found[2] ?? found[3] ?? found[4] ?? '';
+    const written = found[2] ?? found[3] ?? found[4] ?? '';
+    const value = name === 'face' ? withFallback(written) : written;
     attributes += ` ${name}="${value.replaceAll('"', '&quot;')}"`;
   }
   TAG_END.lastIndex = end;

@@ -4,6 +4,8 @@
  * property, so that neither escapes nor comments in the text can hide anything.
  */
 
+import { withFallback } from './fonts.js';
+
 const MAX_RULES = 500;
 const MAX_SELECTOR = 200; // characters
 
@@ -96,8 +98,9 @@ export class StyleFilter {
   #copy(from, to) {
     for (const name of from) {
       const value = from.getPropertyValue(name);
-      if (this.#isHarmless(name, value))
-        to.setProperty(name, value, from.getPropertyPriority(name));
+      if (!this.#isHarmless(name, value)) continue;
+      const shown = name === 'font-family' ? withFallback(value) : value;
+      to.setProperty(name, shown, from.getPropertyPriority(name));
     }
   }
 

@@ -11,6 +11,17 @@
 const shorthands = new Map();
 
 /**
+ * Families as an author lists them, and one of the same kind that every device has: browsers would
+ * take a serif one otherwise.
+ * @param {string} families
+ */
+export function withFallback(families) {
+  if (/courier|consolas|mono/i.test(families)) return `${families}, monospace`;
+  if (/times|georgia|garamond|cambria|palatino/i.test(families)) return `${families}, serif`;
+  return `${families}, sans-serif`;
+}
+
+/**
  * The CSS shorthand of a font; underlining is no part of it.
  * @param {Font} font
  */
