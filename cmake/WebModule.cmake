@@ -25,7 +25,7 @@ ready = () => readyPromiseResolve({
   ${exported}, get HEAPU8() { return HEAPU8; }, get HEAP32() { return HEAP32; }
 });
 abort = () => {
-  throw new Error(\"ZavDragDrop has run out of memory\");
+  throw new Error(\"ZavDragDrop had to stop\");
 };
 ")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${module_EXPORTS}")
