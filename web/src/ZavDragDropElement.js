@@ -235,6 +235,7 @@ export class ZavDragDropElement extends HTMLElement {
    */
   async InitExternalDisplay(arInit, lInitBytes = arInit.length, lOptions = 0) {
     const turn = ++this.#turn;
+    const bringing = bringFiles(toText(arInit), this.#fileNames());
     const runtime = await Runtime.load(WASM);
     if (turn !== this.#turn) return false;
     this.#component?.dispose();
@@ -246,8 +247,10 @@ export class ZavDragDropElement extends HTMLElement {
       (byCandidate) => this.#observe(byCandidate),
     );
     this.#component = component;
-    await bringFiles(toText(arInit), this.#fileNames(), component);
+    const brought = await bringing;
     if (turn !== this.#turn) return false;
+    for (const [url, bytes] of brought.files) component.addFile(url, bytes);
+    for (const [url, image] of brought.pictures) component.addPicture(url, image);
     for (const [progId, create] of this.#classes) component.registerClass(progId, create);
     component.put('mExtParent', this.#parentObject);
     component.put('DisplayInt_ExternalSupport', this.#support ?? null);
@@ -401,7 +404,7 @@ export class ZavDragDropElement extends HTMLElement {
     loading.catch(() => {}); // told by whoever waits for it
     const answer = await fetch(support.itemUrl);
     if (!answer.ok) throw new Error(`${support.itemUrl}: expected an item, got ${answer.status}`);
-    const xml = this.#inLanguage(decodeFile(await answer.arrayBuffer()));
+    const xml = this.#inLanguage(decodeFile(new Uint8Array(await answer.arrayBuffer())));
     if (turn !== this.#turn) return;
     const bytes = toBytes(xml);
     const options = readOptions(this.getAttribute('options'));

@@ -10,15 +10,18 @@
  */
 
 /**
+ * A picture that the page has already is there without any waiting.
  * @param {string} url
- * @returns {Promise<HTMLImageElement>} rejected for what is missing and for what is no picture
+ * @returns {HTMLImageElement | Promise<HTMLImageElement>} rejected for what is missing and for what is
+ *   no picture
  */
 export function loadImage(url) {
+  const image = new Image();
+  image.src = url;
+  if (image.complete && image.naturalWidth) return image;
   return new Promise((resolve, reject) => {
-    const image = new Image();
     image.onload = () => resolve(image);
     image.onerror = () => reject(new Error(`Not a picture: ${url}`));
-    image.src = url;
   });
 }
 

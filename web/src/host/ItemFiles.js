@@ -14,80 +14,111 @@ import { decodeFile, namedFiles } from './ItemXml.js';
  */
 
 /**
- * Where files are brought to.
- * @typedef {object} FileStore
- * @property {(path: string, bytes: Uint8Array) => void} addFile
- * @property {(path: string, image: HTMLImageElement | null) => void} addPicture null: no picture
+ * What was brought, by urls. A picture that is null is none, although there is something.
+ * @typedef {{files: Map<string, Uint8Array>, pictures: Map<string, HTMLImageElement | null>}} Brought
  */
+
+const MOST_TEXTS = 16;
+
+/**
+ * Files of texts by their urls, the one used longest ago first: the same one serves many items.
+ * @type {Map<string, Promise<Uint8Array | null>>}
+ */
+const texts = new Map();
 
 /**
  * @param {string} url
- * @returns {Promise<ArrayBuffer | null>} null for what cannot be had
+ * @returns {Promise<Uint8Array | null>} null for what cannot be had
  */
 async function fetchFile(url) {
   try {
     const answer = await fetch(url);
-    return answer.ok ? await answer.arrayBuffer() : null;
+    return answer.ok ? new Uint8Array(await answer.arrayBuffer()) : null;
   } catch {
     return null;
   }
 }
 
 /**
+ * What could not be had is asked for again by the next item.
  * @param {string} url
- * @param {FileStore} store
  */
-async function bringFile(url, store) {
-  const file = url ? await fetchFile(url) : null;
-  if (file) store.addFile(url, new Uint8Array(file));
+async function fetchTexts(url) {
+  const file = texts.get(url) ?? fetchFile(url);
+  texts.delete(url);
+  texts.set(url, file);
+  const [oldest] = texts.keys();
+  if (texts.size > MOST_TEXTS) texts.delete(oldest);
+  if (!(await file)) texts.delete(url);
   return file;
 }
 
 /**
  * @param {string} url
- * @param {FileStore} store
+ * @param {Brought} brought
+ * @param {(url: string) => Promise<Uint8Array | null>} bring
  */
-async function bringPicture(url, store) {
+async function bringFile(url, brought, bring) {
+  const file = url ? await bring(url) : null;
+  if (file) brought.files.set(url, file);
+  return file;
+}
+
+/**
+ * @param {string} url
+ * @param {Promise<HTMLImageElement>} loading
+ * @param {Brought} brought
+ */
+async function awaitPicture(url, loading, brought) {
   try {
-    store.addPicture(url, await loadImage(url));
+    brought.pictures.set(url, await loading);
   } catch {
     // Missing, or no picture? These are two errors.
-    if (await fetchFile(url)) store.addPicture(url, null);
+    if (await fetchFile(url)) brought.pictures.set(url, null);
   }
 }
 
 /**
  * @param {Iterable<string>} names
  * @param {FileNames} host
- * @param {FileStore} store
+ * @param {Brought} brought
  */
-async function bringPictures(names, host, store) {
+async function bringPictures(names, host, brought) {
   const urls = new Set([...names].flatMap((name) => host.graphicsPaths(name)));
   urls.delete('');
-  await Promise.all([...urls].map((url) => bringPicture(url, store)));
+  const waiting = [];
+  for (const url of urls) {
+    const image = loadImage(url);
+    if (image instanceof Promise) waiting.push(awaitPicture(url, image, brought));
+    else brought.pictures.set(url, image);
+  }
+  await Promise.all(waiting);
 }
 
 /**
  * @param {string} name
  * @param {FileNames} host
- * @param {FileStore} store
+ * @param {Brought} brought
  */
-async function bringCase(name, host, store) {
+async function bringCase(name, host, brought) {
   const [url = ''] = host.graphicsPaths(name);
-  const file = await bringFile(url, store);
-  if (file) await bringPictures(namedFiles(decodeFile(file)).pictures, host, store);
+  const file = await bringFile(url, brought, fetchFile);
+  if (file) await bringPictures(namedFiles(decodeFile(file)).pictures, host, brought);
 }
 
 /**
  * @param {string} xml the item
  * @param {FileNames} host
- * @param {FileStore} store
+ * @returns {Promise<Brought>}
  */
-export async function bringFiles(xml, host, store) {
+export async function bringFiles(xml, host) {
   const { pictures, caseFile } = namedFiles(xml);
+  /** @type {Brought} */
+  const brought = { files: new Map(), pictures: new Map() };
   await Promise.all([
-    bringFile(host.localizePath('KVStatic.xml'), store),
-    bringPictures(pictures, host, store),
-    caseFile ? bringCase(caseFile, host, store) : undefined,
+    bringFile(host.localizePath('KVStatic.xml'), brought, fetchTexts),
+    bringPictures(pictures, host, brought),
+    caseFile ? bringCase(caseFile, host, brought) : undefined,
   ]);
+  return brought;
 }

@@ -66,10 +66,10 @@ export function toText(bytes) {
 
 /**
  * The text of an XML file in UTF-8 or UTF-16.
- * @param {ArrayBuffer} file
+ * @param {Uint8Array} file
  */
 export function decodeFile(file) {
-  const [first, second] = new Uint8Array(file.slice(0, 2));
+  const [first, second] = file;
   if (first === 0xff && second === 0xfe) return new TextDecoder('utf-16le').decode(file);
   if (first === 0xfe && second === 0xff) return new TextDecoder('utf-16be').decode(file);
   return new TextDecoder().decode(file);
