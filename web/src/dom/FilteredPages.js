@@ -9,8 +9,10 @@ const MOST_CHARACTERS = 20_000;
 
 /**
  * @typedef {(name: string) => string | null} PictureUrl
- * @typedef {{content: DocumentFragment, sheet: CSSStyleSheet | null, urls: Map<string, string | null>}}
- *   KeptPage urls: what was answered for the pictures that the page names
+ * @typedef {Map<string, number>} Heights how high a page is, by what its height depends on
+ * @typedef {{content: DocumentFragment, sheet: CSSStyleSheet | null,
+ *   urls: Map<string, string | null>, heights: Heights}} KeptPage urls: what was answered for the
+ *   pictures that the page names
  */
 
 export class FilteredPages {
@@ -18,16 +20,23 @@ export class FilteredPages {
   #kept = new Map();
 
   /**
-   * The page, filtered; its content is the caller's.
+   * The page, filtered; its content is the caller's. Its heights are known to everybody who shows the
+   * same page, unless it has pictures, which may come later.
    * @param {string} html
    * @param {PictureUrl} pictureUrl
-   * @returns {{content: Node, sheet: CSSStyleSheet | null}}
+   * @returns {{content: Node, sheet: CSSStyleSheet | null, heights: Heights}}
    */
   take(html, pictureUrl) {
     const known = this.#kept.get(html);
     const page = known && isCurrent(known, pictureUrl) ? known : filter(html, pictureUrl);
     this.#keep(html, page);
-    return { content: page.content.cloneNode(true), sheet: page.sheet };
+    const heights = page.content.querySelector('img') ? new Map() : page.heights;
+    return { content: page.content.cloneNode(true), sheet: page.sheet, heights };
+  }
+
+  /** For when something changes that heights depend on everywhere. */
+  forgetHeights() {
+    for (const { heights } of this.#kept.values()) heights.clear();
   }
 
   /**
@@ -65,5 +74,5 @@ function filter(html, pictureUrl) {
     urls.set(name, url);
     return url;
   });
-  return { ...page, urls };
+  return { ...page, urls, heights: new Map() };
 }

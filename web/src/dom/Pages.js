@@ -3,7 +3,7 @@
  * lives in a shadow root of its own. Measures are CSS pixels.
  */
 import { FilteredPages } from './FilteredPages.js';
-import { applyFont } from './fonts.js';
+import { applyFont, cssFont } from './fonts.js';
 import { pageStyles } from './styles.js';
 
 /**
@@ -14,23 +14,23 @@ import { pageStyles } from './styles.js';
  */
 
 const filtered = new FilteredPages();
+document.fonts.addEventListener('loadingdone', () => filtered.forgetHeights());
 
 /**
  * Shows filtered HTML in an element, which has its own shadow root from then on.
  * @param {HTMLElement} host
  * @param {string} html
  * @param {import('./Pictures.js').Pictures} pictures
- * @returns {HTMLElement} the page's element
  */
 function showHtml(host, html, pictures) {
   const root = host.shadowRoot ?? host.attachShadow({ mode: 'open' });
-  const { content, sheet } = filtered.take(html, (name) => pictures.urlAt(name));
+  const { content, sheet, heights } = filtered.take(html, (name) => pictures.urlAt(name));
   root.adoptedStyleSheets = sheet ? [pageStyles(), sheet] : [pageStyles()];
   const page = document.createElement('div');
   page.className = 'page';
   page.append(content);
   root.replaceChildren(page);
-  return page;
+  return { page, heights };
 }
 
 /** A pane: from the first page that is loaded into it until it is dropped. */
@@ -38,7 +38,8 @@ class Pane {
   /** @type {HTMLElement | undefined} */
   #page;
   #margin = 0;
-  /** @type {Map<string, number>} */
+  #font = '';
+  /** @type {import('./FilteredPages.js').Heights} */
   #heights = new Map();
 
   constructor() {
@@ -50,8 +51,9 @@ class Pane {
    * @param {import('./Pictures.js').Pictures} pictures
    */
   load(html, pictures) {
-    this.#page = showHtml(this.element, html, pictures);
-    this.#heights.clear();
+    const { page, heights } = showHtml(this.element, html, pictures);
+    this.#page = page;
+    this.#heights = heights;
     this.#applyMargin();
   }
 
@@ -64,7 +66,7 @@ class Pane {
   /** @param {import('./fonts.js').Font} font */
   setFont(font) {
     applyFont(this.element, font);
-    this.#heights.clear();
+    this.#font = cssFont(font);
   }
 
   /**
@@ -75,7 +77,7 @@ class Pane {
   contentHeight(width, margin) {
     const page = this.#page;
     if (!page) return 0;
-    const key = `${width} ${margin}`;
+    const key = `${width} ${margin} ${devicePixelRatio} ${this.#font}`;
     let height = this.#heights.get(key);
     if (height === undefined) {
       page.style.width = `${width}px`;
