@@ -38,6 +38,8 @@ function covers(upper, lower) {
   );
 }
 
+const FEW_SHAPES = 100;
+
 /**
  * A picture that lies under everything drawn.
  * @typedef {{picture: number, x: number, y: number, image?: HTMLImageElement}} Background
@@ -50,10 +52,8 @@ export class Surface {
   #backgrounds = [];
   /** @type {Shape[]} */
   #shapes = [];
-  /** Those that are not drawn yet. */
-  /** @type {Shape[]} */
-  #fresh = [];
-  #isStale = false;
+  /** How many of them were left when those that lie hidden were last sorted out. */
+  #sorted = 0;
   #width = 0;
   #height = 0;
   #isDue = false;
@@ -90,18 +90,31 @@ export class Surface {
       this.#begin(picture, shapes);
       return;
     }
-    for (const shape of shapes) {
-      this.#shapes = this.#shapes.filter((earlier) => !covers(shape, earlier));
-      this.#shapes.push(shape);
-      this.#fresh.push(shape);
-    }
-    this.#schedule();
+    this.#shapes.push(...shapes);
+    if (this.#shapes.length > 2 * this.#sorted + FEW_SHAPES) this.#sortOut();
+    if (!this.#canvas) this.redraw();
+    else if (!this.#isDue) this.#drawShapes(this.#canvas, shapes);
   }
 
-  /** Draws everything again before the next frame. */
+  /** Draws everything again before the next frame; once, however often something changes until then. */
   redraw() {
-    this.#isStale = true;
-    this.#schedule();
+    if (this.#isDue) return;
+    this.#isDue = true;
+    requestAnimationFrame(() => {
+      this.#isDue = false;
+      this.#drawAll();
+    });
+  }
+
+  #sortOut() {
+    const { length } = this.#shapes;
+    this.#shapes = this.#shapes.filter((lower, i) => {
+      for (let upper = i + 1; upper < length; upper++) {
+        if (covers(this.#shapes[upper], lower)) return false;
+      }
+      return true;
+    });
+    this.#sorted = this.#shapes.length;
   }
 
   /**
@@ -114,17 +127,8 @@ export class Surface {
     const placed = under.map((shape) => ({ picture: shape.picture, x: shape.x1, y: shape.y1 }));
     this.#showBackgrounds(picture ? [{ picture, x: 0, y: 0 }, ...placed] : placed);
     this.#shapes = shapes.slice(under.length);
+    this.#sorted = this.#shapes.length;
     this.redraw();
-  }
-
-  // Once a frame, however often something changes until then.
-  #schedule() {
-    if (this.#isDue) return;
-    this.#isDue = true;
-    requestAnimationFrame(() => {
-      this.#isDue = false;
-      this.#drawDue();
-    });
   }
 
   /** @param {Background[]} pictures */
@@ -152,14 +156,18 @@ export class Surface {
     else this.#element.prepend(element);
   }
 
-  #drawDue() {
-    const isStale = this.#isStale || !this.#canvas;
-    const shapes = isStale ? this.#shapes : this.#fresh;
-    this.#isStale = false;
-    this.#fresh = [];
-    if (!this.#width || !this.#height || (!shapes.length && !this.#canvas)) return;
+  #drawAll() {
+    if (!this.#width || !this.#height || (!this.#shapes.length && !this.#canvas)) return;
     const canvas = (this.#canvas ??= this.#addCanvas());
-    if (isStale) this.#clear(canvas);
+    this.#clear(canvas);
+    this.#drawShapes(canvas, this.#shapes);
+  }
+
+  /**
+   * @param {HTMLCanvasElement} canvas
+   * @param {Shape[]} shapes
+   */
+  #drawShapes(canvas, shapes) {
     const context = canvas.getContext('2d');
     if (!context) return;
     for (const shape of shapes) this.#drawShape(context, shape);
