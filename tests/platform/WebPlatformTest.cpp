@@ -103,7 +103,7 @@ class FakeBrowser : public Browser {
         return Add("surface " + names_[id] + numbers(3), at,
                    3 + 8 * static_cast<std::size_t>(values[2]));
       case Change::Form:
-        return at + 2 + 4;
+        return at + 2 + 2;
     }
     ADD_FAILURE() << "unknown change " << words[at];
     return words.size();

@@ -20,6 +20,9 @@ namespace {
 constexpr std::int64_t kUpperLayer = 1'000'000;
 constexpr float kMostPixels = 1e6F;
 
+// What there is to say of a control that has just come into sight.
+constexpr unsigned kFresh = change::kAll & ~change::kVisible;
+
 std::int32_t WholePixel(float pixels) {
   if (!std::isfinite(pixels)) return 0;
   return static_cast<std::int32_t>(std::lround(std::clamp(pixels, -kMostPixels, kMostPixels)));
@@ -61,6 +64,15 @@ bool ShowsText(const Control& control) {
   }
 }
 
+// A button that shows nothing of its own, as most of those that only cover others: so is every button
+// that the page has just made.
+bool IsBare(const Control& control) {
+  if (control.kind() != ControlKind::PictureButton) return false;
+  const auto& button = static_cast<const PictureButton&>(control);
+  return !button.picture() && !button.hasFace() && button.caption().empty() && button.enabled() &&
+         button.foreColor() == color::kBlack && button.pointer() == Pointer::Default;
+}
+
 }  // namespace
 
 void ChangeBuffer::Write(std::span<Control* const> changed, std::span<const ControlId> removed) {
@@ -99,7 +111,7 @@ void ChangeBuffer::Announce(const Control& control, std::set<ControlId>& fresh) 
   Put(control.takesFocus() ? 1 : 0);
   Put(control.index());
   PutText(control.name());
-  Describe(control, change::kAll);
+  Describe(control, kFresh);
   for (const Control* child : control.children()) Announce(*child, fresh);
 }
 
@@ -110,11 +122,12 @@ void ChangeBuffer::Describe(const Control& control, unsigned what) {
     Begin(Change::Order, control);
     Put(ZIndexOf(control));
   }
-  if ((what & change::kLook) != 0) {
+  const bool isFresh = (what & kFresh) == kFresh;
+  if ((what & change::kLook) != 0 && !(isFresh && IsBare(control))) {
     DescribeLook(control);
     DescribeOwnLook(control);
   }
-  if ((what & change::kContent) != 0) DescribeContent(control, what == change::kAll);
+  if ((what & change::kContent) != 0) DescribeContent(control, isFresh);
   if ((what & change::kVisible) != 0) {
     Begin(Change::Visible, control);
     Put(control.visible() ? 1 : 0);
@@ -173,14 +186,10 @@ void ChangeBuffer::DescribeOwnLook(const Control& control) {
       Put(pane.scrollsItself() ? 1 : 0);
       break;
     }
-    case ControlKind::Form: {
-      const auto& form = static_cast<const Form&>(control);
+    case ControlKind::Form:
       Begin(Change::Form, control);
-      Put(form.hwnd());
-      Put(form.onClose ? 1 : 0);
-      PutText(form.caption());
+      PutText(static_cast<const Form&>(control).caption());
       break;
-    }
     default:
       break;
   }

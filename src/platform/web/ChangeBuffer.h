@@ -7,7 +7,8 @@
 // lengths are CSS pixels, colours 0x00RRGGBB.
 //
 //   Create   kind, container's id (0: a form), whether it stands in the frame of its container and
-//            does not scroll with it, whether it takes the focus, index in its array, name
+//            does not scroll with it, whether it takes the focus, index in its array, name. The
+//            control is visible and enabled, a button black and without anything on it.
 //   Remove
 //   Place    left, top, width, height
 //   Visible  0 or 1
@@ -24,7 +25,7 @@
 //   number,
 //            count, then for each shape: kind, x1, y1, x2, y2 (floats), pen width, colour,
 //            picture's number
-//   Form     window handle, whether the candidate can close it, caption
+//   Form     caption
 //
 // A picture's number is 0 where there is none.
 #pragma once

@@ -32,154 +32,99 @@ const Change = {
  * @property {(id: number) => void} remove
  */
 
-export class ChangeReader {
-  #words;
-  #floats;
-  #texts;
-  #at = 0;
+/**
+ * @param {Int32Array} words
+ * @param {Uint8Array} texts
+ * @param {Controls} controls
+ */
+export function applyChanges(words, texts, controls) {
+  // Texts of which each character is one byte are decoded together.
+  const all = texts.length ? decoder.decode(texts) : '';
+  const isPlain = all.length === texts.length;
+  /** @type {Float32Array | undefined} the words, as what some of them are */
+  let floats;
+  let at = 0;
 
+  const next = () => words[at++];
+  const flag = () => words[at++] !== 0;
+  const float = () => {
+    floats ??= new Float32Array(words.buffer, words.byteOffset, words.length);
+    return floats[at++];
+  };
+  const text = () => {
+    const start = next();
+    const end = start + next();
+    return isPlain ? all.slice(start, end) : decoder.decode(texts.subarray(start, end));
+  };
+  const bar = () => ({ left: next(), top: next(), width: next(), height: next(), upright: flag() });
+  const shape = () => ({
+    kind: next(),
+    x1: float(),
+    y1: float(),
+    x2: float(),
+    y2: float(),
+    penWidth: next(),
+    color: cssColor(next()),
+    picture: next(),
+  });
   /**
-   * @param {Int32Array} words
-   * @param {Uint8Array} texts
+   * @template T
+   * @param {() => T} read
    */
-  constructor(words, texts) {
-    this.#words = words;
-    this.#floats = new Float32Array(words.buffer, words.byteOffset, words.length);
-    this.#texts = texts;
-  }
-
-  /** @param {Controls} controls */
-  apply(controls) {
-    while (this.#at < this.#words.length) {
-      const change = this.#next();
-      const id = this.#next();
-      if (change === Change.create) this.#create(controls, id);
-      else if (change === Change.remove) controls.remove(id);
-      else this.#applyTo(controls.get(id), change);
-    }
-  }
-
-  /**
-   * @param {Controls} controls
-   * @param {number} id
-   */
-  #create(controls, id) {
-    const kind = this.#next();
-    const container = this.#next();
-    const framed = this.#flag();
-    const takesFocus = this.#flag();
-    const index = this.#next();
-    controls.create(id, kind, container, framed, takesFocus, index, this.#text());
-  }
+  const list = (read) => {
+    const values = [];
+    for (let count = next(); count > 0; count--) values.push(read());
+    return values;
+  };
 
   /**
    * @param {any} control of the kind that has that change
    * @param {number} change
    */
-  #applyTo(control, change) {
+  const applyTo = (control, change) => {
     switch (change) {
       case Change.place:
-        control.place(this.#next(), this.#next(), this.#next(), this.#next());
-        break;
+        return control.place(next(), next(), next(), next());
       case Change.visible:
-        control.setVisible(this.#flag());
-        break;
+        return control.setVisible(flag());
       case Change.order:
-        control.setOrder(this.#next());
-        break;
+        return control.setOrder(next());
       case Change.look:
-        control.setLook(this.#flag(), this.#color(), this.#color());
-        control.setPointer(this.#next(), this.#next());
-        break;
+        control.setEnabled(flag());
+        control.setColors(next(), next());
+        return control.setPointer(next(), next());
       case Change.font:
-        control.setFont({ points: this.#float(), style: this.#next(), name: this.#text() });
-        break;
+        return control.setFont({ points: float(), style: next(), name: text() });
       case Change.button:
-        control.show(this.#next(), this.#flag(), this.#next(), this.#text());
-        break;
+        return control.show(next(), flag(), next(), text());
       case Change.label:
-        control.show(this.#next(), this.#text());
-        break;
+        return control.show(next(), text());
       case Change.pane:
-        control.show(this.#next(), this.#flag(), this.#flag());
-        break;
+        return control.show(next(), flag(), flag());
       case Change.richText:
-        control.show(this.#flag(), this.#text());
-        break;
+        return control.show(flag(), text());
       case Change.scroll:
-        control.show(this.#next(), this.#next(), this.#next(), this.#next());
-        break;
+        return control.show(next(), next(), next(), next());
       case Change.bars:
-        control.show(this.#list(() => this.#bar()));
-        break;
+        return control.show(list(bar));
       case Change.surface:
-        control.surface.draw(
-          this.#flag(),
-          this.#next(),
-          this.#list(() => this.#shape()),
-        );
-        break;
+        return control.surface.draw(flag(), next(), list(shape));
       case Change.form:
-        control.window = this.#next();
-        control.closable = this.#flag();
-        control.caption = this.#text();
-        break;
+        return control.show(text());
       default:
         throw new Error(`Unknown change ${change}`);
     }
-  }
+  };
 
-  #bar() {
-    return {
-      left: this.#next(),
-      top: this.#next(),
-      width: this.#next(),
-      height: this.#next(),
-      upright: this.#flag(),
-    };
-  }
-
-  #shape() {
-    return {
-      kind: this.#next(),
-      x1: this.#float(),
-      y1: this.#float(),
-      x2: this.#float(),
-      y2: this.#float(),
-      penWidth: this.#next(),
-      color: this.#color(),
-      picture: this.#next(),
-    };
-  }
-
-  /**
-   * @template T
-   * @param {() => T} read
-   * @returns {T[]}
-   */
-  #list(read) {
-    return Array.from({ length: this.#next() }, read);
-  }
-
-  #next() {
-    return this.#words[this.#at++];
-  }
-
-  #flag() {
-    return this.#next() !== 0;
-  }
-
-  #float() {
-    return this.#floats[this.#at++];
-  }
-
-  #color() {
-    return cssColor(this.#next());
-  }
-
-  #text() {
-    const start = this.#next();
-    const length = this.#next();
-    return length ? decoder.decode(this.#texts.subarray(start, start + length)) : '';
+  while (at < words.length) {
+    const change = next();
+    const id = next();
+    if (change === Change.create) {
+      controls.create(id, next(), next(), flag(), flag(), next(), text());
+    } else if (change === Change.remove) {
+      controls.remove(id);
+    } else {
+      applyTo(controls.get(id), change);
+    }
   }
 }

@@ -2,7 +2,7 @@
  * The DOM as the window system of one item: shows what the component presents, answers its measures,
  * and tells it what the candidate does. It is the view that Runtime.js asks for.
  */
-import { ChangeReader } from './ChangeReader.js';
+import { applyChanges } from './ChangeReader.js';
 import { KeyTracker } from './KeyTracker.js';
 import { Pages } from './Pages.js';
 import { Pictures } from './Pictures.js';
@@ -89,7 +89,7 @@ export class View {
    * @param {Uint8Array} texts
    */
   present(words, texts) {
-    new ChangeReader(words, texts).apply(this);
+    applyChanges(words, texts, this);
   }
 
   /** @param {number} id @returns {any} */

@@ -65,7 +65,9 @@ export class ControlView {
   top = 0;
   width = 0;
   height = 0;
-  #cursor = '';
+  #enabled = true;
+  #pointer = 0;
+  #pointerPicture = 0;
 
   /**
    * @param {Place} place
@@ -79,6 +81,10 @@ export class ControlView {
     this.pictures = place.pictures;
     element.className = `control ${className}`;
     element.id = place.index < 0 ? place.name : `${place.name}-${place.index}`;
+    if (place.takesFocus) {
+      element.tabIndex = 0;
+      element.setAttribute('role', 'button');
+    }
     owners.set(element, this);
     place.container?.hold(this, place.framed);
   }
@@ -144,24 +150,20 @@ export class ControlView {
     this.element.style.zIndex = String(order);
   }
 
-  /**
-   * @param {boolean} enabled
-   * @param {string} backColor
-   * @param {string} foreColor
-   */
-  setLook(enabled, backColor, foreColor) {
+  /** @param {boolean} enabled */
+  setEnabled(enabled) {
+    if (enabled === this.#enabled) return;
+    this.#enabled = enabled;
     this.element.classList.toggle('disabled', !enabled);
-    if (this.takesFocus) {
-      this.element.tabIndex = enabled ? 0 : -1;
-      this.element.setAttribute('role', 'button');
-      this.element.setAttribute('aria-disabled', String(!enabled));
-    }
-    this.setColors(backColor, foreColor);
+    if (!this.takesFocus) return;
+    this.element.tabIndex = enabled ? 0 : -1;
+    this.element.setAttribute('aria-disabled', String(!enabled));
   }
 
   /**
-   * @param {string} _backColor
-   * @param {string} _foreColor
+   * Colours as 0x00RRGGBB. A control that is told of none is black, on nothing.
+   * @param {number} _backColor
+   * @param {number} _foreColor
    */
   setColors(_backColor, _foreColor) {}
 
@@ -170,11 +172,12 @@ export class ControlView {
    * @param {number} picture
    */
   setPointer(pointer, picture) {
+    if (pointer === this.#pointer && picture === this.#pointerPicture) return;
+    this.#pointer = pointer;
+    this.#pointerPicture = picture;
     const hand = `url("${this.pictures.urlOf(picture)}") ${CURSOR_HOT_SPOT} ${CURSOR_HOT_SPOT}, grab`;
-    const cursor = pointer === CUSTOM_POINTER && picture ? hand : (CURSORS[pointer] ?? '');
-    if (cursor === this.#cursor) return;
-    this.#cursor = cursor;
-    this.element.style.cursor = cursor;
+    this.element.style.cursor =
+      pointer === CUSTOM_POINTER && picture ? hand : (CURSORS[pointer] ?? '');
   }
 
   /** @param {import('./fonts.js').Font} font */
@@ -191,11 +194,14 @@ export class FormView extends ControlView {
   /** @param {Place} place */
   constructor(place) {
     super(place, 'form');
-    this.window = 0;
-    this.closable = false;
     this.caption = '';
     /** @type {import('./FloatingWindow.js').FloatingWindow | undefined} */
     this.frame = undefined;
+  }
+
+  /** @param {string} caption */
+  show(caption) {
+    this.caption = caption;
   }
 
   /**
@@ -231,9 +237,9 @@ export class PictureBoxView extends ControlView {
     this.surface.resize(this.width, this.height);
   }
 
-  /** @override @param {string} backColor */
+  /** @override @param {number} backColor */
   setColors(backColor) {
-    this.element.style.backgroundColor = backColor;
+    this.element.style.backgroundColor = cssColor(backColor);
   }
 }
 
@@ -244,18 +250,21 @@ export class PictureButtonView extends ControlView {
   /** @type {HTMLElement | undefined} */
   #caption;
   #hasFace = false;
-  #backColor = '';
+  #backColor = 0;
+  #foreColor = 0;
 
   /** @param {Place} place */
   constructor(place) {
     super(place, 'button');
   }
 
-  /** @override @param {string} backColor @param {string} foreColor */
+  /** @override @param {number} backColor @param {number} foreColor */
   setColors(backColor, foreColor) {
     this.#backColor = backColor;
-    if (this.element.style.color !== foreColor) this.element.style.color = foreColor;
-    this.#applyFace();
+    if (this.#hasFace) this.element.style.backgroundColor = cssColor(backColor);
+    if (foreColor === this.#foreColor) return;
+    this.#foreColor = foreColor;
+    this.element.style.color = cssColor(foreColor);
   }
 
   /**
@@ -265,15 +274,13 @@ export class PictureButtonView extends ControlView {
    * @param {string} caption
    */
   show(picture, hasFace, alignment, caption) {
-    this.#hasFace = hasFace;
-    this.#applyFace();
-    this.#showPicture(picture);
-    this.#showCaption(alignment, caption);
-  }
-
-  #applyFace() {
-    this.element.classList.toggle('faced', this.#hasFace);
-    this.element.style.backgroundColor = this.#hasFace ? this.#backColor : '';
+    if (hasFace !== this.#hasFace) {
+      this.#hasFace = hasFace;
+      this.element.classList.toggle('faced', hasFace);
+      this.element.style.backgroundColor = hasFace ? cssColor(this.#backColor) : '';
+    }
+    if (picture !== this.#picture) this.#showPicture(picture);
+    if (caption || this.#caption) this.#showCaption(alignment, caption);
   }
 
   /** @override */
@@ -290,7 +297,6 @@ export class PictureButtonView extends ControlView {
 
   /** @param {number} picture */
   #showPicture(picture) {
-    if (picture === this.#picture) return;
     this.#picture = picture;
     this.#image?.remove();
     this.#image = picture ? this.pictures.element(picture) : undefined;
@@ -302,7 +308,6 @@ export class PictureButtonView extends ControlView {
    * @param {string} text
    */
   #showCaption(alignment, text) {
-    if (!text && !this.#caption) return;
     if (!this.#caption) {
       this.#caption = document.createElement('div');
       this.#caption.className = 'caption';
@@ -321,9 +326,9 @@ export class LabelView extends ControlView {
     super(place, 'label');
   }
 
-  /** @override @param {string} _backColor @param {string} foreColor */
+  /** @override @param {number} _backColor @param {number} foreColor */
   setColors(_backColor, foreColor) {
-    this.element.style.color = foreColor;
+    this.element.style.color = cssColor(foreColor);
   }
 
   /**
@@ -378,10 +383,10 @@ export class RichTextView extends ControlView {
     this.#pages = place.pages;
   }
 
-  /** @override @param {string} backColor @param {string} foreColor */
+  /** @override @param {number} backColor @param {number} foreColor */
   setColors(backColor, foreColor) {
-    this.element.style.backgroundColor = backColor;
-    this.element.style.color = foreColor;
+    this.element.style.backgroundColor = cssColor(backColor);
+    this.element.style.color = cssColor(foreColor);
   }
 
   /**
@@ -417,9 +422,9 @@ export class ScrollFrameView extends ControlView {
     (framed ? this.element : this.content).append(child.element);
   }
 
-  /** @override @param {string} backColor */
+  /** @override @param {number} backColor */
   setColors(backColor) {
-    this.element.style.backgroundColor = backColor;
+    this.element.style.backgroundColor = cssColor(backColor);
   }
 
   /**

@@ -27,7 +27,7 @@ const base = `
 }
 .control:focus { outline: none; }
 .control:focus-visible { outline: 3px solid var(--accent); outline-offset: -3px; border-radius: 3px; }
-.form { background: #fff; }
+.form { background: #fff; color: #000; }
 .form.framed { position: relative; }
 .button { touch-action: none; }
 .button > img, .face > img {

@@ -24,7 +24,9 @@ EM_JS(int, zav_decimal_text, (double value, int digits, char* text), {
   return written.length;
 });
 EM_JS(double, zav_number_of_decimal, (const char* text, int size), {
-  return Number(new TextDecoder().decode(HEAPU8.subarray(text, text + size)));
+  let digits = "";
+  for (let i = 0; i < size; ++i) digits += String.fromCharCode(HEAPU8[text + i]);
+  return Number(digits);
 });
 // clang-format on
 
