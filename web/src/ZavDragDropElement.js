@@ -79,11 +79,12 @@ export class ZavDragDropElement extends HTMLElement {
   static observedAttributes = ['src', 'language', 'options'];
 
   /**
-   * Loads the module and runs its code once, so that the first item comes up as fast as any other.
-   * For a host that has time before it shows one; nobody has to call it.
+   * Loads the module. When the page has nothing else to do after that, and until there is an item, the
+   * module's code is run, so that the first item comes up as fast as any other. For a host that has
+   * time before it shows one; nobody has to call it.
    */
   static prepare() {
-    prepared ??= Runtime.load(WASM).then((runtime) => warmUp(runtime, ARTWORK));
+    prepared ??= Runtime.load(WASM).then((runtime) => void warmUp(runtime, ARTWORK));
     prepared.catch(() => (prepared = undefined));
     return prepared;
   }

@@ -126,8 +126,9 @@ export interface ZavDragDropEventMap {
  */
 export class ZavDragDropElement extends HTMLElement {
   /**
-   * Loads the module and runs its code once, so that the first item comes up as fast as any other.
-   * For a host that has time before it shows one; nobody has to call it.
+   * Loads the module. When the page has nothing else to do after that, and until there is an item, the
+   * module's code is run, so that the first item comes up as fast as any other. For a host that has
+   * time before it shows one; nobody has to call it.
    */
   static prepare(): Promise<void>;
 

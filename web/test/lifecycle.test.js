@@ -195,7 +195,8 @@ const ENDINGS = [
     why: 'while another item is initialised',
     begin: ({ host }) =>
       host.evaluate(async (each) => {
-        const text = await (await fetch('/items/heart/item.xml')).text();
+        // The page has none of its pictures yet, and waits for them.
+        const text = await (await fetch('/items/circuit/item.xml')).text();
         const item = window.ExamHost.toBytes(text);
         each.pending = each.element.InitExternalDisplay(item, item.length, 0);
       }),

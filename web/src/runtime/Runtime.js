@@ -221,6 +221,10 @@ export class Runtime {
     this.objects = new PageObjects(this.exports);
   }
 
+  get hasItems() {
+    return this.#views.size > 0;
+  }
+
   /**
    * @param {(number: number) => View} makeView
    * @returns {{number: number, item: number, view: View}} item: its number as an object
