@@ -13,8 +13,9 @@ import { ATTRIBUTES, ELEMENTS, HELD, rewriteTags } from './HtmlTags.js';
 import { StyleFilter } from './StyleFilter.js';
 
 const MAX_ELEMENTS = 4000;
-// Matches what has a hundred ancestors. Layout of a browser recurses; nobody writes pages as deep.
-const TOO_DEEP = '*>'.repeat(100) + '*';
+// Layout of a browser recurses; nobody writes pages as deep.
+const MAX_DEPTH = 100;
+const TOO_DEEP = '*>'.repeat(MAX_DEPTH) + '*';
 
 /**
  * @typedef {object} FilteredPage
@@ -69,7 +70,9 @@ function purifier() {
 
 /** @param {HTMLElement} body */
 function cut(body) {
-  const excess = body.getElementsByTagName('*')[MAX_ELEMENTS];
+  const elements = body.getElementsByTagName('*');
+  if (elements.length < MAX_DEPTH - 1) return; // with html and body too few to stand that deep
+  const excess = elements[MAX_ELEMENTS];
   if (excess) {
     const rest = body.ownerDocument.createRange();
     rest.setStartBefore(excess);

@@ -29,6 +29,15 @@ const URL_IN_TEXT = /url\(\s*(?:"([^"]*)"|'([^']*)'|([^"'()]*))\s*\)/gi;
 const URL_IN_VALUE = /url\("?([^"()\\]*)"?\)/g;
 const HARMLESS_FUNCTION = /\b(?:rgba?|hsla?|calc)\(/g;
 
+const MOST_SHEETS = 32;
+const MOST_CHARACTERS = 10_000;
+
+/**
+ * Sheets by the text that they were made from, the oldest first: many pages have the same style.
+ * @type {Map<string, CSSStyleSheet | null>}
+ */
+const sheets = new Map();
+
 export class StyleFilter {
   #pictureUrl;
   /** @type {Set<string>} */
@@ -68,8 +77,20 @@ export class StyleFilter {
    *   root, a div of class "body".
    */
   sheet(text) {
+    const resolved = this.#resolve(text);
+    const known = sheets.get(resolved);
+    if (known !== undefined) return known;
+    const made = this.#makeSheet(resolved);
+    if (resolved.length <= MOST_CHARACTERS) sheets.set(resolved, made);
+    const [oldest] = sheets.keys();
+    if (sheets.size > MOST_SHEETS) sheets.delete(oldest);
+    return made;
+  }
+
+  /** @param {string} text with complete urls */
+  #makeSheet(text) {
     const source = new CSSStyleSheet();
-    source.replaceSync(this.#resolve(text));
+    source.replaceSync(text);
     const sheet = new CSSStyleSheet();
     for (const rule of [...source.cssRules].slice(0, MAX_RULES)) {
       if (!(rule instanceof CSSStyleRule) || !isPlain(rule.selectorText)) continue;
