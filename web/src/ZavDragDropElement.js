@@ -236,11 +236,13 @@ export class ZavDragDropElement extends HTMLElement {
    */
   async InitExternalDisplay(arInit, lInitBytes = arInit.length, lOptions = 0) {
     const turn = ++this.#turn;
+    this.#component?.dispose();
+    this.#component = undefined;
+    this.#sizes.observe(this);
     const bringing = bringFiles(toText(arInit), this.#fileNames());
     const runtime = await Runtime.load(WASM);
+    const brought = await bringing;
     if (turn !== this.#turn) return false;
-    this.#component?.dispose();
-    this.#sizes.observe(this);
     const component = new Component(
       runtime,
       /** @type {ShadowRoot} */ (this.shadowRoot),
@@ -248,8 +250,6 @@ export class ZavDragDropElement extends HTMLElement {
       (byCandidate) => this.#observe(byCandidate),
     );
     this.#component = component;
-    const brought = await bringing;
-    if (turn !== this.#turn) return false;
     for (const [url, bytes] of brought.files) component.addFile(url, bytes);
     for (const [url, image] of brought.pictures) component.addPicture(url, image);
     for (const [progId, create] of this.#classes) component.registerClass(progId, create);
@@ -423,7 +423,7 @@ export class ZavDragDropElement extends HTMLElement {
   }
 
   #followSize() {
-    if (this.#follows) this.#show('ResizeExternalDisplay');
+    if (this.#follows && this.#component) this.#show('ResizeExternalDisplay');
   }
 
   /** @param {'ShowExternalDisplay' | 'ResizeExternalDisplay'} member */

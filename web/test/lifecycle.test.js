@@ -195,8 +195,13 @@ const ENDINGS = [
     why: 'while another item is initialised',
     begin: ({ host }) =>
       host.evaluate(async (each) => {
-        // The page has none of its pictures yet, and waits for them.
-        const text = await (await fetch('/items/circuit/item.xml')).text();
+        const text = await (await fetch('/items/heart/item.xml')).text();
+        // The page has none of the pictures under these names, and waits for them.
+        each.element.support = {
+          GetLocalizePath: () => '/items/heart/KVStatic.xml',
+          GetGraphicsPath: (name) => `/items/heart/graphics/${name}?${performance.now()}`,
+          GetSupportFileDir: () => 'zav-support:/',
+        };
         const item = window.ExamHost.toBytes(text);
         each.pending = each.element.InitExternalDisplay(item, item.length, 0);
       }),
