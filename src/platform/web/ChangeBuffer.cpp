@@ -64,8 +64,8 @@ bool ShowsText(const Control& control) {
   }
 }
 
-// A button that shows nothing of its own, as most of those that only cover others: so is every button
-// that the page has just made.
+// A button that shows nothing of its own, as most of those that only cover others: so is every
+// button that the page has just made.
 bool IsBare(const Control& control) {
   if (control.kind() != ControlKind::PictureButton) return false;
   const auto& button = static_cast<const PictureButton&>(control);

@@ -35,6 +35,8 @@ namespace {
 
 // More than the longest text of 15 digits takes.
 constexpr std::size_t kMostCharacters = 32;
+// Every whole number of so many digits is a double.
+constexpr std::size_t kExactDigits = 15;
 
 }  // namespace
 
@@ -45,6 +47,13 @@ std::string DecimalText(double value, int significantDigits) {
 }
 
 double NumberOfDecimal(std::string_view text) {
+  // Most are small whole numbers, for which nobody need be asked.
+  if (text.size() <= kExactDigits &&
+      text.find_first_not_of("0123456789") == std::string_view::npos) {
+    double number = 0;
+    for (const char digit : text) number = number * 10 + (digit - '0');
+    return number;
+  }
   return zav_number_of_decimal(text.data(), static_cast<int>(text.size()));
 }
 
