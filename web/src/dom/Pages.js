@@ -80,10 +80,12 @@ class Pane {
     const key = `${width} ${margin} ${devicePixelRatio} ${this.#font}`;
     let height = this.#heights.get(key);
     if (height === undefined) {
+      this.element.classList.add('measured');
       page.style.width = `${width}px`;
       page.style.height = 'auto';
       page.style.padding = `${margin}px`;
       height = Math.ceil(page.offsetHeight);
+      this.element.classList.remove('measured');
       page.style.width = '';
       this.#applyMargin();
       this.#heights.set(key, height);
@@ -194,7 +196,7 @@ export class Pages {
    */
   #measureRichText(content, width) {
     const element = (this.#measure ??= this.#lobby.appendChild(document.createElement('div')));
-    element.className = 'control rich measure';
+    element.className = 'control rich measured';
     element.style.width = `${width}px`;
     applyFont(element, content.font);
     this.showRichText(element, content.isHtml, content.text);

@@ -22,20 +22,19 @@ const PICTURE = 2;
  */
 
 /**
- * Whether a shape hides an earlier one, as PictureBox.cpp has it.
- * @param {Shape} upper
- * @param {Shape} lower
+ * Without those that a later one hides, as PictureBox.cpp has it.
+ * @param {Shape[]} shapes
  */
-function covers(upper, lower) {
-  return (
-    upper.kind === lower.kind &&
-    upper.x1 === lower.x1 &&
-    upper.y1 === lower.y1 &&
-    upper.x2 === lower.x2 &&
-    upper.y2 === lower.y2 &&
-    upper.penWidth >= lower.penWidth &&
-    upper.picture === lower.picture
-  );
+function withoutHidden(shapes) {
+  /** @type {Map<string, number>} the widest pen at a place, of what lies over it */
+  const pens = new Map();
+  const seen = shapes.toReversed().filter(({ kind, x1, y1, x2, y2, penWidth, picture }) => {
+    const place = [kind, x1, y1, x2, y2, picture].join();
+    const isSeen = penWidth > (pens.get(place) ?? -1);
+    if (isSeen) pens.set(place, penWidth);
+    return isSeen;
+  });
+  return seen.reverse();
 }
 
 const FEW_SHAPES = 100;
@@ -91,7 +90,10 @@ export class Surface {
       return;
     }
     this.#shapes.push(...shapes);
-    if (this.#shapes.length > 2 * this.#sorted + FEW_SHAPES) this.#sortOut();
+    if (this.#shapes.length > 2 * this.#sorted + FEW_SHAPES) {
+      this.#shapes = withoutHidden(this.#shapes);
+      this.#sorted = this.#shapes.length;
+    }
     if (!this.#canvas) this.redraw();
     else if (!this.#isDue) this.#drawShapes(this.#canvas, shapes);
   }
@@ -104,17 +106,6 @@ export class Surface {
       this.#isDue = false;
       this.#drawAll();
     });
-  }
-
-  #sortOut() {
-    const { length } = this.#shapes;
-    this.#shapes = this.#shapes.filter((lower, i) => {
-      for (let upper = i + 1; upper < length; upper++) {
-        if (covers(this.#shapes[upper], lower)) return false;
-      }
-      return true;
-    });
-    this.#sorted = this.#shapes.length;
   }
 
   /**

@@ -21,6 +21,7 @@ const base = `
 .dialogs { pointer-events: none; z-index: 2; }
 .dialogs > * { pointer-events: auto; }
 .lobby { visibility: hidden; contain: strict; z-index: -1; }
+.lobby > :not(.measured) { display: none; }
 .control {
   position: absolute; left: 0; top: 0; box-sizing: border-box;
   overflow: hidden; contain: layout style paint;
@@ -81,7 +82,6 @@ const base = `
 .pane.scrolls { overflow: hidden auto; }
 .rich { padding: 3px; display: flex; flex-direction: column; justify-content: safe center; white-space: pre-wrap; overflow-wrap: break-word; }
 .rich > .formatted { white-space: normal; }
-.measure { position: absolute; left: 0; top: 0; }
 @media (forced-colors: active) { .control:focus-visible { outline-color: Highlight; } }
 `;
 
