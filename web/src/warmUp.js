@@ -50,8 +50,8 @@ const SUPPORT = {
 };
 const PARENT = { LogError() {}, ShowMessage: () => 1, GetGraphicsPath: () => '' };
 
-/** Items by their size: the first has all code run, the other has what is run most compiled well. */
-const ROUNDS = [2, 40];
+/** Items by their size: the first has all code run, the others have what is run most compiled well. */
+const ROUNDS = [2, 40, 40];
 
 // Safari knows of no idleness.
 const idle = () =>
