@@ -27,22 +27,20 @@ const isOnButton = (event) =>
 export class KeyTracker {
   /** @type {import('./View.js').View} */
   #view;
-  #stopped = new AbortController();
 
-  /** @param {import('./View.js').View} view */
-  constructor(view) {
+  /**
+   * @param {import('./View.js').View} view
+   * @param {AbortSignal} signal ends it
+   */
+  constructor(view, signal) {
     this.#view = view;
     const { layer } = view;
-    const options = { signal: this.#stopped.signal };
+    const options = { signal };
     layer.addEventListener('keydown', (event) => this.#keyDown(event), options);
     layer.addEventListener('focusin', (event) => this.#focusIn(event), options);
     for (const type of ['click', 'selectstart']) {
       layer.addEventListener(type, (event) => this.#pageEvent(event, type), options);
     }
-  }
-
-  dispose() {
-    this.#stopped.abort();
   }
 
   /** @param {KeyboardEvent} event */

@@ -24,13 +24,15 @@ export class PointerTracker {
   #rollsUntil = 0;
   /** @type {{pointer: number, control: import('./controls.js').ControlView} | undefined} */
   #captured;
-  #stopped = new AbortController();
 
-  /** @param {import('./View.js').View} view */
-  constructor(view) {
+  /**
+   * @param {import('./View.js').View} view
+   * @param {AbortSignal} signal ends it
+   */
+  constructor(view, signal) {
     this.#view = view;
     const { layer } = view;
-    const options = { signal: this.#stopped.signal };
+    const options = { signal };
     layer.addEventListener('pointerdown', (event) => this.#press(event), options);
     layer.addEventListener('pointermove', (event) => this.#move(event), options);
     layer.addEventListener('pointerup', (event) => this.#release(event), options);
@@ -44,10 +46,6 @@ export class PointerTracker {
     layer.addEventListener('wheel', roll, passive);
     layer.addEventListener('keydown', roll, passive);
     addEventListener('scroll', () => (this.#rect = undefined), passive);
-  }
-
-  dispose() {
-    this.#stopped.abort();
   }
 
   /** @param {PointerEvent} event */

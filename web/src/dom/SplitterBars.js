@@ -14,18 +14,16 @@ const isUpright = (bar) => bar.classList.contains('upright');
 export class SplitterBars {
   /** @type {import('./View.js').View} */
   #view;
-  #stopped = new AbortController();
 
-  /** @param {import('./View.js').View} view */
-  constructor(view) {
+  /**
+   * @param {import('./View.js').View} view
+   * @param {AbortSignal} signal ends it
+   */
+  constructor(view, signal) {
     this.#view = view;
-    const options = { signal: this.#stopped.signal };
+    const options = { signal };
     view.layer.addEventListener('pointerdown', (event) => this.#press(event), options);
     view.layer.addEventListener('keydown', (event) => this.#key(event), options);
-  }
-
-  dispose() {
-    this.#stopped.abort();
   }
 
   /** @param {Event} event */

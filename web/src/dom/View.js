@@ -34,10 +34,8 @@ export class View {
   #number;
   #exports;
   #acted;
-  #pages;
   #windows;
   #root = makeLayer('root');
-  #trackers;
   #disposed = false;
   /** Ticket numbers of pages that are shown and not told yet. */
   /** @type {number[]} */
@@ -59,13 +57,16 @@ export class View {
     this.#root.append(lobby, this.layer, this.dialogs);
     shadow.adoptedStyleSheets = [rootStyles()];
     shadow.replaceChildren(this.#root);
-    this.#pages = new Pages(lobby, this.pictures);
+    this.pages = new Pages(lobby, this.pictures);
     this.#windows = new Windows(this.layer, {
       close: (handle) => this.#enter(() => exports.closeWindow(number, handle)),
       raise: (handle) => exports.raiseWindow(number, handle),
     });
-    this.#trackers = [new PointerTracker(this), new KeyTracker(this), new SplitterBars(this)];
-    const options = { signal: this.#stopped.signal, capture: true, passive: true };
+    const { signal } = this.#stopped;
+    new PointerTracker(this, signal);
+    new KeyTracker(this, signal);
+    new SplitterBars(this, signal);
+    const options = { signal, capture: true, passive: true };
     this.layer.addEventListener('scroll', (event) => this.#scrolled(event), options);
     this.#watchResolution();
   }
@@ -73,7 +74,6 @@ export class View {
   dispose() {
     this.#disposed = true;
     this.#stopped.abort();
-    for (const tracker of this.#trackers) tracker.dispose();
     for (const timer of this.#timers.values()) clearInterval(timer);
     this.#timers.clear();
     this.#windows.dispose();
@@ -128,7 +128,7 @@ export class View {
       framed,
       takesFocus,
       pictures,
-      pages: this.#pages,
+      pages: this.pages,
     };
     const control = new VIEW_OF_KIND[kind](place);
     if (control instanceof FormView) this.layer.append(control.element);
@@ -151,40 +151,13 @@ export class View {
   }
 
   /**
-   * @param {import('./Pages.js').RichContent} content
-   * @param {number} width
-   */
-  richTextHeight(content, width) {
-    return this.#pages.richTextHeight(content, width);
-  }
-
-  /**
    * @param {number} pane
    * @param {string} html
    * @param {number} ticket
    */
   loadPage(pane, html, ticket) {
-    this.#pages.load(pane, html);
+    this.pages.load(pane, html);
     if (this.#loaded.push(ticket) === 1) queueMicrotask(() => this.#tellLoaded());
-  }
-
-  /** @param {number} pane */
-  dropPage(pane) {
-    this.#pages.drop(pane);
-  }
-
-  /**
-   * @param {number} pane
-   * @param {number} width
-   * @param {number} margin
-   */
-  pageContentHeight(pane, width, margin) {
-    return this.#pages.contentHeight(pane, width, margin);
-  }
-
-  /** @param {number} pane */
-  pageScrollTop(pane) {
-    return this.#pages.scrollTop(pane);
   }
 
   /**
@@ -201,14 +174,6 @@ export class View {
   stopTimer(timer) {
     clearInterval(this.#timers.get(timer));
     this.#timers.delete(timer);
-  }
-
-  /**
-   * @param {string} path
-   * @param {number} picture
-   */
-  namePicture(path, picture) {
-    this.pictures.name(path, picture);
   }
 
   // What the candidate does.

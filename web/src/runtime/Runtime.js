@@ -19,14 +19,12 @@ export const PageEventFlag = { suppressed: 1, clearSelection: 2, stopped: 4 };
  * @typedef {object} View
  * @property {(words: Int32Array, texts: Uint8Array) => void} present
  * @property {(words: Int32Array) => void} arrangeWindows
- * @property {(content: import('../dom/Pages.js').RichContent, width: number) => number} richTextHeight
  * @property {(pane: number, html: string, ticket: number) => void} loadPage
- * @property {(pane: number) => void} dropPage
- * @property {(pane: number, width: number, margin: number) => number} pageContentHeight
- * @property {(pane: number) => number} pageScrollTop
  * @property {(timer: number, milliseconds: number) => void} startTimer
  * @property {(timer: number) => void} stopTimer
- * @property {(path: string, picture: number) => void} namePicture
+ * @property {Pick<import('../dom/Pages.js').Pages, 'richTextHeight' | 'drop' | 'contentHeight' | 'scrollTop'>}
+ *   pages
+ * @property {Pick<import('../dom/Pictures.js').Pictures, 'name'>} pictures
  */
 
 /** The exports, with their texts and bytes put into memory and taken out of it. */
@@ -272,7 +270,7 @@ export class Runtime {
         this.#views.get(number)?.arrangeWindows(words(at, count)),
       /** @type {(...values: number[]) => number} */
       richTextHeight: (number, isHtml, at, size, points, style, font, fontSize, width) =>
-        view(number).richTextHeight(
+        view(number).pages.richTextHeight(
           {
             isHtml: isHtml !== 0,
             text: this.#text(at, size),
@@ -284,19 +282,19 @@ export class Runtime {
       loadPage: (number, pane, at, size, ticket) =>
         view(number).loadPage(pane, this.#text(at, size), ticket),
       /** @type {(number: number, pane: number) => void} */
-      dropPage: (number, pane) => this.#views.get(number)?.dropPage(pane),
+      dropPage: (number, pane) => this.#views.get(number)?.pages.drop(pane),
       /** @type {(...values: number[]) => number} */
       pageContentHeight: (number, pane, width, margin) =>
-        view(number).pageContentHeight(pane, width, margin),
+        view(number).pages.contentHeight(pane, width, margin),
       /** @type {(number: number, pane: number) => number} */
-      pageScrollTop: (number, pane) => view(number).pageScrollTop(pane),
+      pageScrollTop: (number, pane) => view(number).pages.scrollTop(pane),
       /** @type {(number: number, timer: number, milliseconds: number) => void} */
       startTimer: (number, timer, milliseconds) => view(number).startTimer(timer, milliseconds),
       /** @type {(number: number, timer: number) => void} */
       stopTimer: (number, timer) => this.#views.get(number)?.stopTimer(timer),
       /** @type {(number: number, at: number, size: number, picture: number) => void} */
       namePicture: (number, at, size, picture) =>
-        view(number).namePicture(this.#text(at, size), picture),
+        view(number).pictures.name(this.#text(at, size), picture),
       /** @type {(...values: number[]) => number} */
       invoke: (object, member, memberSize, args, size, isPut, answerSize) => {
         const answer = objects.answerCall(
