@@ -2,6 +2,7 @@
  * Pages that have passed the filter, for as long as they are likely to come again: the frame around
  * an item is the same in every item, and filtering takes longer than copying.
  */
+import { keepLatest } from '../keepLatest.js';
 import { filterPage } from './HtmlFilter.js';
 
 const MOST_PAGES = 64;
@@ -44,12 +45,7 @@ export class FilteredPages {
    * @param {KeptPage} page
    */
   #keep(html, page) {
-    if (html.length > MOST_CHARACTERS) return;
-    this.#kept.delete(html);
-    this.#kept.set(html, page);
-    if (this.#kept.size <= MOST_PAGES) return;
-    const [oldest] = this.#kept.keys();
-    this.#kept.delete(oldest);
+    if (html.length <= MOST_CHARACTERS) keepLatest(this.#kept, html, page, MOST_PAGES);
   }
 }
 

@@ -4,6 +4,7 @@
  * property, so that neither escapes nor comments in the text can hide anything.
  */
 
+import { keepLatest } from '../keepLatest.js';
 import { withFallback } from './fonts.js';
 
 const MAX_RULES = 500;
@@ -81,9 +82,7 @@ export class StyleFilter {
     const known = sheets.get(resolved);
     if (known !== undefined) return known;
     const made = this.#makeSheet(resolved);
-    if (resolved.length <= MOST_CHARACTERS) sheets.set(resolved, made);
-    const [oldest] = sheets.keys();
-    if (sheets.size > MOST_SHEETS) sheets.delete(oldest);
+    if (resolved.length <= MOST_CHARACTERS) keepLatest(sheets, resolved, made, MOST_SHEETS);
     return made;
   }
 

@@ -3,6 +3,7 @@
  * component's own error, in its place.
  */
 import { loadImage } from '../dom/Pictures.js';
+import { keepLatest } from '../keepLatest.js';
 import { decodeFile, namedFiles } from './ItemXml.js';
 
 /**
@@ -45,10 +46,7 @@ async function fetchFile(url) {
  */
 async function fetchTexts(url) {
   const file = texts.get(url) ?? fetchFile(url);
-  texts.delete(url);
-  texts.set(url, file);
-  const [oldest] = texts.keys();
-  if (texts.size > MOST_TEXTS) texts.delete(oldest);
+  keepLatest(texts, url, file, MOST_TEXTS);
   if (!(await file)) texts.delete(url);
   return file;
 }
