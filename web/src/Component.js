@@ -2,7 +2,7 @@
  * One component in the page's module, with the view that shows it: from an item's initialisation
  * until it is disposed.
  */
-import { artwork } from './dom/artwork.js';
+import { artwork, artworkFile } from './dom/artwork.js';
 import { View } from './dom/View.js';
 
 /** @type {Map<string, HTMLImageElement>} by url; shared by all items of the page */
@@ -38,8 +38,8 @@ export class Component {
     this.#number = number;
     this.#item = item;
     this.view = /** @type {View} */ (view);
-    for (const [tag, [file, width, height]] of Object.entries(artwork)) {
-      const image = artworkImage(String(new URL(file, artworkFolder)));
+    for (const [tag, [width, height]] of Object.entries(artwork)) {
+      const image = artworkImage(String(new URL(artworkFile(tag), artworkFolder)));
       runtime.exports.addResource(number, tag, this.view.pictures.add(image, width, height));
     }
   }

@@ -77,14 +77,7 @@ export async function warmUp(runtime, artworkFolder) {
  */
 async function showOnce(runtime, artworkFolder, xml) {
   const host = document.createElement('div');
-  host.inert = true;
-  host.ariaHidden = 'true';
-  Object.assign(host.style, {
-    position: 'fixed',
-    width: '1px',
-    height: '1px',
-    visibility: 'hidden',
-  });
+  host.style.cssText = 'position:fixed;width:1px;height:1px;visibility:hidden';
   const shadow = host.attachShadow({ mode: 'open' });
   document.documentElement.append(host); // fonts are looked for when something is laid out
   const component = new Component(runtime, shadow, artworkFolder, () => {});

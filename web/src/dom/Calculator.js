@@ -8,8 +8,9 @@ import { make } from './elements.js';
 import { FloatingWindow } from './FloatingWindow.js';
 
 /**
- * Row by row: what stands on a button, the key that it means to the engine, what it is called.
- * @type {[face: string, key: string, name: string][]}
+ * Row by row: what stands on a button; where that differs, the key that it means to the engine, and
+ * what it is called.
+ * @type {[face: string, key?: string, name?: string][]}
  */
 const BUTTONS = [
   ['MC', 'MC', 'Memory clear'],
@@ -17,22 +18,22 @@ const BUTTONS = [
   ['M+', 'M+', 'Memory add'],
   ['CE', 'CE', 'Clear entry'],
   ['C', 'C', 'Clear'],
-  ['7', '7', '7'],
-  ['8', '8', '8'],
-  ['9', '9', '9'],
+  ['7'],
+  ['8'],
+  ['9'],
   ['÷', '/', 'Divide'],
   ['√', 'sqrt', 'Square root'],
-  ['4', '4', '4'],
-  ['5', '5', '5'],
-  ['6', '6', '6'],
+  ['4'],
+  ['5'],
+  ['6'],
   ['×', '*', 'Multiply'],
   ['%', 'percent', 'Percent'],
-  ['1', '1', '1'],
-  ['2', '2', '2'],
-  ['3', '3', '3'],
+  ['1'],
+  ['2'],
+  ['3'],
   ['−', '-', 'Subtract'],
   ['⌫', 'backspace', 'Backspace'],
-  ['0', '0', '0'],
+  ['0'],
   ['.', '.', 'Decimal point'],
   ['±', 'sign', 'Change sign'],
   ['+', '+', 'Add'],
@@ -98,10 +99,10 @@ export class Calculator extends FloatingWindow {
 
   /**
    * @param {string} face
-   * @param {string} key
-   * @param {string} name
+   * @param {string} [key]
+   * @param {string} [name]
    */
-  #button(face, key, name) {
+  #button(face, key = face, name = face) {
     const button = make('button', '', face);
     button.classList.toggle('zav-calculator-digit', /^[\d.]$/.test(key));
     button.classList.toggle('zav-calculator-equals', key === '=');
@@ -113,7 +114,7 @@ export class Calculator extends FloatingWindow {
   /** @param {KeyboardEvent} event */
   #onKeyDown(event) {
     const key = KEYBOARD.get(event.key) ?? event.key;
-    const isOurs = BUTTONS.some((button) => button[1] === key);
+    const isOurs = BUTTONS.some(([face, meant = face]) => meant === key);
     if (!isOurs || event.ctrlKey || event.altKey || event.metaKey) return;
     event.stopPropagation();
     // A button that was reached with the keyboard is also pressed with it.

@@ -5,24 +5,22 @@ import { cssColor } from './controls.js';
 
 const decoder = new TextDecoder();
 
-/** Kinds of changes, as in ChangeBuffer.h. */
-const Change = {
-  create: 1,
-  remove: 2,
-  place: 3,
-  visible: 4,
-  order: 5,
-  look: 6,
-  font: 7,
-  button: 8,
-  label: 9,
-  pane: 10,
-  richText: 11,
-  scroll: 12,
-  bars: 13,
-  surface: 14,
-  form: 15,
-};
+// Kinds of changes, as in ChangeBuffer.h.
+const CREATE = 1;
+const REMOVE = 2;
+const PLACE = 3;
+const VISIBLE = 4;
+const ORDER = 5;
+const LOOK = 6;
+const FONT = 7;
+const BUTTON = 8;
+const LABEL = 9;
+const PANE = 10;
+const RICH_TEXT = 11;
+const SCROLL = 12;
+const BARS = 13;
+const SURFACE = 14;
+const FORM = 15;
 
 /**
  * @typedef {object} Controls
@@ -83,33 +81,33 @@ export function applyChanges(words, texts, controls) {
    */
   const applyTo = (control, change) => {
     switch (change) {
-      case Change.place:
+      case PLACE:
         return control.place(next(), next(), next(), next());
-      case Change.visible:
+      case VISIBLE:
         return control.setVisible(flag());
-      case Change.order:
+      case ORDER:
         return control.setOrder(next());
-      case Change.look:
+      case LOOK:
         control.setEnabled(flag());
         control.setColors(next(), next());
         return control.setPointer(next(), next());
-      case Change.font:
+      case FONT:
         return control.setFont({ points: float(), style: next(), name: text() });
-      case Change.button:
+      case BUTTON:
         return control.show(next(), flag(), next(), text());
-      case Change.label:
+      case LABEL:
         return control.show(next(), text());
-      case Change.pane:
+      case PANE:
         return control.show(next(), flag(), flag());
-      case Change.richText:
+      case RICH_TEXT:
         return control.show(flag(), text());
-      case Change.scroll:
+      case SCROLL:
         return control.show(next(), next(), next(), next());
-      case Change.bars:
+      case BARS:
         return control.show(list(bar));
-      case Change.surface:
+      case SURFACE:
         return control.surface.draw(flag(), next(), list(shape));
-      case Change.form:
+      case FORM:
         return control.show(text());
       default:
         throw new Error(`Unknown change ${change}`);
@@ -119,9 +117,9 @@ export function applyChanges(words, texts, controls) {
   while (at < words.length) {
     const change = next();
     const id = next();
-    if (change === Change.create) {
+    if (change === CREATE) {
       controls.create(id, next(), next(), flag(), flag(), next(), text());
-    } else if (change === Change.remove) {
+    } else if (change === REMOVE) {
       controls.remove(id);
     } else {
       applyTo(controls.get(id), change);

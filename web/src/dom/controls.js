@@ -6,18 +6,6 @@
 import { applyFont } from './fonts.js';
 import { Surface } from './Surface.js';
 
-/** Kinds of controls, in the order of ControlKind. */
-export const Kind = {
-  form: 0,
-  pictureBox: 1,
-  pictureButton: 2,
-  label: 3,
-  htmlPane: 4,
-  richText: 5,
-  scrollFrame: 6,
-  splitter: 7,
-};
-
 /** Values of Pointer. */
 const CUSTOM_POINTER = 99;
 /** @type {Record<number, string>} */
@@ -511,7 +499,7 @@ export class SplitterView extends ControlView {
   }
 }
 
-/** Classes by kind. */
+/** Classes by kind, in the order of ControlKind. */
 export const VIEW_OF_KIND = [
   FormView,
   PictureBoxView,

@@ -6,6 +6,8 @@ import { styles as dialogStyles } from './MessageDialog.js';
 import { styles as windowStyles } from './FloatingWindow.js';
 import { styles as calculatorStyles } from './Calculator.js';
 
+// The wheel turns what lies under the dragged item, and a prompt to scroll is not in its way: neither
+// takes the pointer.
 const base = `
 :host { display: block; position: relative; min-width: 0; overflow: hidden; contain: content; }
 :host([hidden]) { display: none; }
@@ -55,9 +57,7 @@ const base = `
   touch-action: none; will-change: transform;
   box-shadow: 0 0 0 1px #5b6b78, 0 6px 16px #0005;
 }
-/* The wheel turns what lies under the dragged item. */
 .pressed .lifted { pointer-events: none; }
-/* A prompt to scroll is not in the way of the wheel. */
 .frame > .button { pointer-events: none; }
 .scroller { position: absolute; inset: 0; overscroll-behavior: contain; }
 .scroller::-webkit-scrollbar, .pane::-webkit-scrollbar { width: 15px; height: 15px; background: #eef0f2; }
