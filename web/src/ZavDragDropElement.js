@@ -84,7 +84,9 @@ export class ZavDragDropElement extends HTMLElement {
    * time before it shows one; nobody has to call it.
    */
   static prepare() {
-    prepared ??= Runtime.load(WASM).then((runtime) => void warmUp(runtime, ARTWORK));
+    prepared ??= Runtime.load(WASM).then((runtime) => {
+      warmUp(runtime, ARTWORK).catch(() => {}); // what fails here fails for an item, which says so
+    });
     prepared.catch(() => (prepared = undefined));
     return prepared;
   }

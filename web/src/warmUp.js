@@ -81,20 +81,23 @@ async function showOnce(runtime, artworkFolder, xml) {
   const shadow = host.attachShadow({ mode: 'open' });
   document.documentElement.append(host); // fonts are looked for when something is laid out
   const component = new Component(runtime, shadow, artworkFolder, () => {});
-  const call = (/** @type {string} */ member, /** @type {unknown[]} */ ...args) =>
-    component.call(`DisplayInt_${member}`, args);
-  component.addFile(TEXTS_FILE, new TextEncoder().encode(TEXTS));
-  component.put('mExtParent', PARENT);
-  component.put('DisplayInt_ExternalSupport', SUPPORT);
-  const item = toBytes(xml);
-  call('SetParentWnd', component.hostWindow);
-  call('InitExternalDisplay', item, item.length, 0);
-  call('ShowExternalDisplay', 0, 0, SIZE, SIZE);
-  await Promise.resolve(); // its pages are loaded
-  drag(component.view);
-  call('GetExternalStateBytes');
-  component.dispose();
-  host.remove();
+  try {
+    const call = (/** @type {string} */ member, /** @type {unknown[]} */ ...args) =>
+      component.call(`DisplayInt_${member}`, args);
+    component.addFile(TEXTS_FILE, new TextEncoder().encode(TEXTS));
+    component.put('mExtParent', PARENT);
+    component.put('DisplayInt_ExternalSupport', SUPPORT);
+    const item = toBytes(xml);
+    call('SetParentWnd', component.hostWindow);
+    call('InitExternalDisplay', item, item.length, 0);
+    call('ShowExternalDisplay', 0, 0, SIZE, SIZE);
+    await Promise.resolve(); // its pages are loaded
+    drag(component.view);
+    call('GetExternalStateBytes');
+  } finally {
+    component.dispose();
+    host.remove();
+  }
 }
 
 /** @param {import('./dom/View.js').View} view */

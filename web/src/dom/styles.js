@@ -26,7 +26,7 @@ const base = `
 .lobby > :not(.measured) { display: none; }
 .control {
   position: absolute; left: 0; top: 0; box-sizing: border-box;
-  overflow: hidden; contain: layout style paint;
+  overflow: clip; contain: layout style paint;
 }
 .control:focus { outline: none; }
 .control:focus-visible { outline: 3px solid var(--accent); outline-offset: -3px; border-radius: 3px; }
