@@ -40,7 +40,8 @@ async function start() {
   itemPicker.replaceChildren(...items.map(({ name, title }) => new Option(title, name)));
   bar.addEventListener('change', () => (location.hash = writeChoice(chosen())));
   addEventListener('hashchange', show);
-  byId('reload', HTMLButtonElement).addEventListener('click', load);
+  // A page that is loaded anew asks for every file anew.
+  byId('reload', HTMLButtonElement).addEventListener('click', () => location.reload());
   show();
 }
 
@@ -70,7 +71,7 @@ function show() {
     language: languagePicker.value,
     options: choice.options.join(' '),
   };
-  if (setAttributes(attributes)) load();
+  if (setAttributes(attributes)) showHostView();
 }
 
 /** @param {ServedItem} item @param {string} language */
@@ -103,11 +104,10 @@ function setAttributes(attributes) {
   return changed.length > 0;
 }
 
-/** Loads the item from its files, and shows what the host sees when that is done. */
-async function load() {
+/** Shows what the host sees when the item is there. */
+async function showHostView() {
   tell('');
   hostView.clear();
-  element.setAttribute('src', element.getAttribute('src') ?? '');
   const { ready } = element;
   try {
     await ready;
