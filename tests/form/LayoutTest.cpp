@@ -63,6 +63,21 @@ TEST(SourceItems, StandUnderTheirHeadingAndBlankOnesTakeNoRoom) {
   }
 }
 
+TEST(GroupHeadings, AreAsHighAsTheirPagesAtTheirWidths) {
+  const std::string words = "All that goes into the first row or right below it: Group ";
+  for (const char* location : {"\"Left\"", "\"Top\""}) {
+    ItemFixture item(SmallItem({{"\"Left\"", location}, {"&gt;Group ", "&gt;" + words}}));
+    for (const int width : {1024, 533, 900}) {
+      item.host.Resize(width, 600);
+      for (const int group : {1, 2}) {
+        const HtmlPane& heading = item.form().controls.txtSourceHeading[group];
+        EXPECT_EQ(heading.height(), static_cast<float>(heading.ContentHeightPixels()) * 15)
+            << location << " " << width << " " << group;
+      }
+    }
+  }
+}
+
 TEST(Splitter, StaysAsTheCandidateLeftIt) {
   ItemFixture item(SmallItem());
   item.candidate.DragSplitter("ItemStem", 200);

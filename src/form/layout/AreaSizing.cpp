@@ -134,8 +134,10 @@ void AreaSizing::SizeSourcesTop(bool paneFollows) {
     ArrangementGaps gaps = Gaps();
     gaps.atEnd = kEndMargins * static_cast<float>(form_.layout.MarginX);
     const float area = pane.width - static_cast<float>(kScrollBarPixels) * form_.TwipsX();
-    const GroupArrangement arrangement =
-        ArrangeGroupsTop(RequestGroups(), area, static_cast<float>(form_.layout.MarginY), gaps);
+    const auto left = static_cast<float>(form_.layout.MarginY);
+    const GroupArrangement arrangement = Arrange([&](const std::vector<GroupRequest>& groups) {
+      return ArrangeGroupsTop(groups, area, left, gaps);
+    });
     Apply(arrangement);
     controls.scrSource.SetScrollWidth(arrangement.surface.width);
     if (paneFollows) panes_.SetHeight("SourceArea", arrangement.surface.height);
@@ -148,18 +150,31 @@ void AreaSizing::SizeSourcesLeft() {
     ArrangementGaps gaps = Gaps();
     gaps.scrollBar = static_cast<float>(kScrollBarPixels) * form_.TwipsX();
     const float width = controls.scrSource.width() - form_.TwipsX();
-    const GroupArrangement arrangement = ArrangeGroupsLeft(RequestGroups(), width, gaps);
+    const GroupArrangement arrangement = Arrange([&](const std::vector<GroupRequest>& groups) {
+      return ArrangeGroupsLeft(groups, width, gaps);
+    });
     Apply(arrangement);
     controls.scrSource.SetScrollWidth(arrangement.surface.width);
   });
 }
 
-std::vector<GroupRequest> AreaSizing::RequestGroups() {
+// Heights depend on widths, but widths not on heights.
+GroupArrangement AreaSizing::Arrange(Arranger arrange) {
+  std::vector<GroupRequest> requests = RequestGroups();
+  const GroupArrangement widths = arrange(requests);
+  std::size_t index = 0;
+  for (const clsGroup& group : form_.tables.GroupList) {
+    group.Heading->SetWidth(widths.groups[index].heading.width);
+    requests[index++].headingHeight =
+        static_cast<float>(group.Heading->ContentHeightPixels()) * form_.TwipsY();
+  }
+  return arrange(requests);
+}
+
+std::vector<GroupRequest> AreaSizing::RequestGroups() const {
   std::vector<GroupRequest> requests;
   for (const clsGroup& group : form_.tables.GroupList) {
     GroupRequest request;
-    request.headingHeight =
-        static_cast<float>(group.Heading->ContentHeightPixels()) * form_.TwipsY();
     request.item = {static_cast<float>(group.ItemWidth), static_cast<float>(group.ItemHeight)};
     for (const RichText* text : group.Sources) request.itemCount += TakesRoom(text->index());
     requests.push_back(request);

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "automation/FunctionRef.h"
 #include "form/AreaRefresh.h"
 #include "form/Panes.h"
 #include "form/TargetLook.h"
@@ -36,7 +37,11 @@ class AreaSizing {
   void SizeSourcesTop(bool paneFollows);
   void SizeSourcesLeft();
   [[nodiscard]] ArrangementGaps Gaps() const;
-  [[nodiscard]] std::vector<GroupRequest> RequestGroups();
+  using Arranger = FunctionRef<GroupArrangement(const std::vector<GroupRequest>&)>;
+  // How the groups stand, their headings as high as they are at the widths that they get.
+  [[nodiscard]] GroupArrangement Arrange(Arranger arrange);
+  // Headings are left without a height.
+  [[nodiscard]] std::vector<GroupRequest> RequestGroups() const;
   void Apply(const GroupArrangement& arrangement);
   void PlaceSource(int source, Point at);
   [[nodiscard]] bool TakesRoom(int source) const;
