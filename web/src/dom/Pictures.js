@@ -3,11 +3,22 @@
  * number and to pages by the path that the host gave for them. Paths are compared without regard to
  * case. Nothing is fetched for a path that was not brought.
  */
+import { keepLatest } from '../keepLatest.js';
 
 /**
  * A picture that can be shown. number 0: what was fetched is no picture.
  * @typedef {{number: number, width: number, height: number}} LoadedPicture
  */
+
+const MOST_KEPT = 64;
+const MOST_PIXELS = 1_000_000;
+
+/**
+ * Pictures of the last items, by url: while they are here the page need not load them again when the
+ * candidate comes back.
+ * @type {Map<string, HTMLImageElement>}
+ */
+const kept = new Map();
 
 /**
  * A picture that the page has already is there without any waiting.
@@ -47,6 +58,16 @@ export class Pictures {
    */
   name(path, number) {
     this.#numbers.set(path.toLowerCase(), number);
+  }
+
+  /** The item is gone, and shows none of its pictures any more. */
+  dispose() {
+    for (const number of this.#numbers.values()) {
+      const image = this.#images[number];
+      image.remove();
+      const pixels = image.naturalWidth * image.naturalHeight;
+      if (pixels > 0 && pixels <= MOST_PIXELS) keepLatest(kept, image.src, image, MOST_KEPT);
+    }
   }
 
   /** @param {number} number */

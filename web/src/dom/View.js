@@ -78,6 +78,7 @@ export class View {
     this.#timers.clear();
     this.#windows.dispose();
     this.#root.remove();
+    this.pictures.dispose();
     this.#controls.clear();
     this.#frames.clear();
   }
