@@ -3,6 +3,7 @@
  * which takes longer than an item itself, and compile it well when it is run often.
  */
 import { Component } from './Component.js';
+import { bringFiles } from './host/ItemFiles.js';
 import { toBytes } from './host/ItemXml.js';
 import { PointerAct } from './runtime/Runtime.js';
 
@@ -76,6 +77,7 @@ export async function warmUp(runtime, artworkFolder) {
  * @param {string} xml
  */
 async function showOnce(runtime, artworkFolder, xml) {
+  await bringFiles(xml, { localizePath: () => '', graphicsPaths: () => [] });
   const host = document.createElement('div');
   host.style.cssText = 'position:fixed;width:1px;height:1px;visibility:hidden';
   const shadow = host.attachShadow({ mode: 'open' });

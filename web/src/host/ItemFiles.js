@@ -113,9 +113,10 @@ export async function bringFiles(xml, host) {
   const { pictures, caseFile } = namedFiles(xml);
   /** @type {Brought} */
   const brought = { files: new Map(), pictures: new Map() };
+  const textsUrl = host.localizePath('KVStatic.xml');
   await Promise.all([
-    bringFile(host.localizePath('KVStatic.xml'), brought, fetchTexts),
-    bringPictures(pictures, host, brought),
+    bringPictures(pictures, host, brought), // first, as they take longest
+    bringFile(textsUrl, brought, fetchTexts),
     caseFile ? bringCase(caseFile, host, brought) : undefined,
   ]);
   return brought;
