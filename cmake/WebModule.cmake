@@ -14,20 +14,7 @@ function(add_web_module name)
   file(CONFIGURE OUTPUT "${exports}" CONTENT "${lines}\n")
   string(REPLACE "\n" ", " exported "${lines}")
   set(prefix "${PROJECT_BINARY_DIR}/${name}.prefix.js")
-  file(CONFIGURE OUTPUT "${prefix}" CONTENT "\
-// Who wants the module fetches and instantiates it, and hears of what fails.
-var WebAssembly = {
-  instantiate: (wasm, imports) => ({
-    then: (use) => Module.instantiate(imports).then(use).catch(readyPromiseReject)
-  })
-};
-ready = () => readyPromiseResolve({
-  ${exported}, get HEAPU8() { return HEAPU8; }, get HEAP32() { return HEAP32; }
-});
-abort = () => {
-  throw new Error(\"ZavDragDrop had to stop\");
-};
-")
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/WebModulePrefix.js.in" "${prefix}" @ONLY)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${module_EXPORTS}")
 
   # JavaScript stands in EM_JS, where $ is as good as any letter.
