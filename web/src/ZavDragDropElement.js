@@ -241,9 +241,10 @@ export class ZavDragDropElement extends HTMLElement {
     this.#component?.dispose();
     this.#component = undefined;
     this.#sizes.observe(this);
-    const bringing = bringFiles(toText(arInit), this.#fileNames());
-    const runtime = await Runtime.load(WASM);
-    const brought = await bringing;
+    const [runtime, brought] = await Promise.all([
+      Runtime.load(WASM),
+      bringFiles(toText(arInit), this.#fileNames()),
+    ]);
     if (turn !== this.#turn) return false;
     const component = new Component(
       runtime,
