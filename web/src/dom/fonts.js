@@ -30,7 +30,7 @@ export function cssFont({ points, style, name }) {
   let css = shorthands.get(key);
   if (css === undefined) {
     const safe = name.replace(/["\\\n]/g, '');
-    css = `${style & 2 ? 'italic ' : ''}${style & 1 ? 'bold ' : ''}${points}pt/1.2 "${safe}", Verdana, "DejaVu Sans", sans-serif`;
+    css = `${style & 2 ? 'italic ' : ''}${style & 1 ? 'bold ' : ''}${points}pt/1.2 ${withFallback(`"${safe}"`)}`;
     shorthands.set(key, css);
   }
   return css;
