@@ -36,8 +36,7 @@ struct ArrangementGaps {
 
 // One below the other, each heading as wide as the surface. Items stand from left to right under
 // their heading, in a new row when the next one would pass the heading's width or come under the
-// scroll bar. The surface is as
-// wide as asked for, or as its widest item needs.
+// scroll bar. The surface is as wide as asked for, or as its widest item needs.
 GroupArrangement ArrangeGroupsLeft(const std::vector<GroupRequest>& groups, float surfaceWidth,
                                    const ArrangementGaps& gaps);
 

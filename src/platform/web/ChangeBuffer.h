@@ -22,8 +22,7 @@
 //   Scroll   width and height of what is scrolled, left and top offset
 //   Bars     count, then for each bar: left, top, width, height, whether it is upright
 //   Surface  whether it begins anew (else the shapes are drawn over those before), picture's
-//   number,
-//            count, then for each shape: kind, x1, y1, x2, y2 (floats), pen width, colour,
+//            number, count, then for each shape: kind, x1, y1, x2, y2 (floats), pen width, colour,
 //            picture's number
 //   Form     caption
 //
