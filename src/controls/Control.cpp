@@ -13,6 +13,7 @@ Control::Control(ControlHost& host, ControlKind kind, Control* container, std::s
       name_(std::move(name)),
       index_(index),
       container_(container) {
+  host_.Add();
   if (container_ != nullptr) {
     container_->children_.push_back(this);
     zOrder_ = ++container_->topOrder_;
@@ -107,7 +108,7 @@ void Control::RaiseMouseUp(const MouseEvent& event) {
 }
 
 void Control::RaiseMouseCancel() {
-  if (onMouseCancel) host_.RunEvent([&] { onMouseCancel(); });
+  if (onMouseCancel) host_.RunEventInTurn(*this, [this] { onMouseCancel(); });
 }
 
 void Control::RaiseHover() {

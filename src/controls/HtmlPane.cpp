@@ -13,7 +13,7 @@ void HtmlPane::LoadHtml(std::string page) {
   Changed(change::kContent);
   host().services().LoadPage(id(), page_, [this] {
     loading_ = false;
-    if (onPageLoaded) host().RunEvent([this] { onPageLoaded(); });
+    if (onPageLoaded) host().RunEventInTurn(*this, [this] { onPageLoaded(); });
   });
 }
 

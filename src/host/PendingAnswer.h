@@ -3,8 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
-#include <utility>
 
 #include "automation/AutomationError.h"
 #include "automation/Handler.h"
@@ -16,8 +16,11 @@ class PendingAnswer : public Object {
  public:
   using Answered = Handler<void(std::int16_t answer)>;
 
-  // Who asked waits for the answer.
-  void Await(Answered answered) { answered_ = answered; }
+  // Who asked waits for the answer, and hears it at once where it was given already.
+  void Await(Answered answered) {
+    answered_ = answered;
+    Tell();
+  }
   // Nobody waits any more: an answer that still comes is not heard.
   void Drop() {
     answered_ = {};
@@ -25,7 +28,15 @@ class PendingAnswer : public Object {
   }
   // The host answers. Only the first answer counts.
   void Answer(std::int16_t answer) {
-    if (const Answered answered = std::exchange(answered_, {})) answered(answer);
+    if (given_) return;
+    given_ = answer;
+    Tell();
+  }
+  // Says the answer, where there is one, to whoever waits; again, when that could not hear it
+  // before.
+  void Tell() const {
+    const Answered answered = answered_;  // which may drop this one
+    if (given_ && answered) answered(*given_);
   }
 
   Handler<void()> onDropped;
@@ -37,6 +48,7 @@ class PendingAnswer : public Object {
 
  private:
   Answered answered_;
+  std::optional<std::int16_t> given_;
 };
 
 }  // namespace zav

@@ -22,16 +22,23 @@ void Question::Ask(ItemOwner& owner, const std::string& text, std::int16_t style
   } else if (answer.pending) {
     pending_ = answer.pending;
     answered_ = answered;
-    pending_->Await([this](std::int16_t given) {
-      controlHost_.RunEvent([&] {
-        Close();
-        answered_(given);
-      });
-    });
+    pending_->Await([this](std::int16_t given) { Hear(given); });
   } else {
     Close();
     answered(answer.value);
   }
+}
+
+// A host may answer in the middle of a call that is made to it: before ShowMessage ends, or later.
+void Question::Hear(std::int16_t given) {
+  if (controlHost_.busy()) {
+    controlHost_.PutOff([pending = pending_] { pending->Tell(); });
+    return;
+  }
+  controlHost_.RunEvent([&] {
+    Close();
+    answered_(given);
+  });
 }
 
 void Question::Drop() {

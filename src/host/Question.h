@@ -28,6 +28,7 @@ class Question {
   void Drop();
 
  private:
+  void Hear(std::int16_t given);
   void Close();
 
   ControlHost& controlHost_;

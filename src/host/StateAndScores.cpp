@@ -20,6 +20,23 @@ constexpr std::string_view kStateSeparator = "|case|";
 // A text of up to this many characters is no state.
 constexpr std::size_t kBlankLength = 2;
 
+// Members that answer cannot be put off.
+[[noreturn]] void RaiseBusy() {
+  RaiseError(error_number::kComponent, "The item is in the middle of a call to its host");
+}
+
+// Until its end the engine is at work, which may be the host's own.
+class Scoring {
+ public:
+  explicit Scoring(bool& isScoring) : isScoring_(isScoring) { isScoring_ = true; }
+  Scoring(const Scoring&) = delete;
+  Scoring& operator=(const Scoring&) = delete;
+  ~Scoring() { isScoring_ = false; }
+
+ private:
+  bool& isScoring_;
+};
+
 std::int32_t ByteLength(std::string_view text) {
   return RoundToInt32(2.0 * static_cast<double>(Utf16Length(text)));
 }
@@ -75,7 +92,8 @@ void clsDragDrop::GetExternalStateArray(SafeArray& arState, std::int32_t lBytes)
   });
 }
 
-void clsDragDrop::SetExternalStateArray(const SafeArray& arState, std::int32_t /*lBytes*/) {
+void clsDragDrop::SetExternalStateArray(const SafeArray& arState, std::int32_t lBytes) {
+  if (PutsOff([=, this] { SetExternalStateArray(arState, lBytes); })) return;
   Member("SetExternalStateArray", [&] {
     ReplaceState(TextOfArray(arState));
     Raise(item_event::kLoadState);
@@ -84,7 +102,7 @@ void clsDragDrop::SetExternalStateArray(const SafeArray& arState, std::int32_t /
 
 std::string clsDragDrop::ConvertKey(const std::string& sKey) {
   std::string record;
-  Trap(*moErrorDisplay_, "ConvertKey", [&] { record = zav::ConvertKey(sKey); });
+  Member("ConvertKey", [&] { record = zav::ConvertKey(sKey); });
   return record;
 }
 
@@ -140,7 +158,9 @@ DataIORef clsDragDrop::EngineDocument() {
 }
 
 bool clsDragDrop::GetScoreInfo(std::int16_t& nItems, float& fMaxScore, float& fMinScore) {
+  if (isScoring_) RaiseBusy();
   controlHost_.RunHostCall([&] {
+    const Scoring scoring(isScoring_);
     nItems = 1;
     const CursorScope keep(DataIO());
     DataIO().SetFromRoot(true);
@@ -152,6 +172,7 @@ bool clsDragDrop::GetScoreInfo(std::int16_t& nItems, float& fMaxScore, float& fM
 }
 
 bool clsDragDrop::ScoreExternalDisplay(ScoreCounts& counts) {
+  if (isScoring_) RaiseBusy();
   return Member("DisplayInt_ScoreExternalDisplay", [&] {
     counts = {};
     ScoreState(counts, ScoredDocument::StateWithKey);
@@ -159,6 +180,7 @@ bool clsDragDrop::ScoreExternalDisplay(ScoreCounts& counts) {
 }
 
 void clsDragDrop::ScoreState(ScoreCounts& counts, ScoredDocument scored) {
+  const Scoring scoring(isScoring_);
   zav::DataIO& document = DataIO();
   const CursorScope keep(document);
   document.SetFromRoot(true);
@@ -184,6 +206,7 @@ void clsDragDrop::ScoreState(ScoreCounts& counts, ScoredDocument scored) {
 
 bool clsDragDrop::RescoreExternalDisplay(const SafeArray& arResponse, std::int32_t lRespBytes,
                                          ScoreCounts& counts) {
+  if (controlHost_.busy()) RaiseBusy();
   return Member("DisplayInt_RescoreExternalDisplay", [&] {
     counts = {};
     if (lRespBytes < 1) return;
@@ -197,6 +220,7 @@ bool clsDragDrop::RescoreExternalDisplay(const SafeArray& arResponse, std::int32
 bool clsDragDrop::RescoreExternalDisplayQuick(const SafeArray& arResponse, std::int32_t lRespBytes,
                                               ScoreCounts& counts, SafeArray& /*XMLBA*/,
                                               std::int32_t& /*lArrayLen*/) {
+  if (controlHost_.busy()) RaiseBusy();
   return Member("DisplayInt_RescoreExternalDisplayQuick", [&] {
     counts = {};
     if (lRespBytes < 1) return;

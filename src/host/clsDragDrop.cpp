@@ -48,23 +48,32 @@ std::string FontName(const DataIO& strings) {
 }  // namespace
 
 clsDragDrop::clsDragDrop(Platform platform, const ClassRegistry& classes)
-    : controlHost_(platform),
+    : controlHost_(platform, [this] { return Keeper(); }),
       classes_(classes),
       fontReg_(std::make_shared<FontObject>(ItemFont(false))),
       fontBld_(std::make_shared<FontObject>(ItemFont(true))),
       moStatus_(std::make_unique<clsStatus>()),
       moErrorDisplay_(std::make_unique<clsErrorDisplay>()) {
   moErrorDisplay_->SetOwner(this);
-  moDataIO_ = NewDocument();
-  moDataIO_->SetOwner(this);
+  SetDocument(NewDocument());
   moStatus_->Owner = this;
-  moStatus_->DataIO = moDataIO_.get();
   module_.gErrorDisplay = moErrorDisplay_.get();
 }
 
 clsDragDrop::~clsDragDrop() {
   moErrorDisplay_->SetOwner(nullptr);
   module_.loadedForms.clear();
+}
+
+std::shared_ptr<void> clsDragDrop::Keeper() {
+  std::shared_ptr<void> keeper = keeper_.lock();
+  return keeper ? keeper : weak_from_this().lock();
+}
+
+void clsDragDrop::SetDocument(DataIORef document) {
+  moDataIO_ = std::move(document);
+  moDataIO_->SetOwner(this);
+  moStatus_->DataIO = moDataIO_.get();
 }
 
 DataIORef clsDragDrop::NewDocument() const {
@@ -96,7 +105,14 @@ bool clsDragDrop::Member(const char* routine, Procedure procedure) {
   return done;
 }
 
+bool clsDragDrop::PutsOff(std::function<void()> member) {
+  if (!controlHost_.busy()) return false;
+  controlHost_.PutOff(std::move(member));
+  return true;
+}
+
 void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
+  if (PutsOff([=, this] { SetExternalSupport(support); })) return;
   Member("DisplayInt_ExternalSupport_Set", [&] {
     if (!support) {
       RaiseError(error_number::kNoExternalSupport, "External Support is nothing", "Overview");
@@ -107,6 +123,7 @@ void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
 }
 
 WindowHandle clsDragDrop::SetParentWnd(WindowHandle hParentWnd) {
+  if (PutsOff([=, this] { SetParentWnd(hParentWnd); })) return hParentWnd;
   mlParenthWnd = hParentWnd;
   return mlParenthWnd;
 }
@@ -120,23 +137,28 @@ WindowHandle clsDragDrop::hwnd() {
   return last;
 }
 
-bool clsDragDrop::InitExternalDisplay(const SafeArray& arInit, std::int32_t /*lInitBytes*/,
+bool clsDragDrop::InitExternalDisplay(const SafeArray& arInit, std::int32_t lInitBytes,
                                       std::int32_t lOptions) {
+  if (PutsOff([=, this] { InitExternalDisplay(arInit, lInitBytes, lOptions); })) return true;
   return Member("InitExternalDisplay", [&] { Initialise(arInit, lOptions); });
 }
 
+// The item that was there goes when the next one is read: one that is broken leaves it as it was.
 void clsDragDrop::Initialise(const SafeArray& arInit, std::int32_t lOptions) {
+  static_cast<void>(DataIO());
+  const DataIORef document = NewDocument();
+  const std::string language = LoadItem(*document, arInit);
+  MergeStaticStrings(*document, language);
+  RunBoth([&] { ReleaseForm(); }, [&] { ReleaseCaseStudy(); });
+  SetDocument(document);
   mlOptions_ = lOptions;
-  const std::string language = LoadItem(arInit);
-  MergeStaticStrings(language);
   CreateForm();
   EnsureStateSection(DataIO());
   AttachForm();
   Raise(item_event::kRefreshDisplay);
 }
 
-std::string clsDragDrop::LoadItem(const SafeArray& arInit) {
-  zav::DataIO& document = DataIO();
+std::string clsDragDrop::LoadItem(zav::DataIO& document, const SafeArray& arInit) {
   document.LoadXml(Utf16LeToUtf8(arInit.Bytes()));
   document.SetFromRoot(true);
   if (!document.FindNode("DragAndDropItem")) {
@@ -146,7 +168,7 @@ std::string clsDragDrop::LoadItem(const SafeArray& arInit) {
   return ToText(document.GetAttribute("Language"));
 }
 
-void clsDragDrop::MergeStaticStrings(const std::string& language) {
+void clsDragDrop::MergeStaticStrings(zav::DataIO& document, const std::string& language) {
   const std::string_view path = TrimBlanks(msStaticPath_);
   if (CharacterCount(path) < kLeastPathLength || path == "0") {
     RaiseError(error_number::kComponent, "Missing Static information", "InitExternalDisplay");
@@ -154,21 +176,19 @@ void clsDragDrop::MergeStaticStrings(const std::string& language) {
   const DataIORef strings = NewDocument();
   strings->LoadXml(msStaticPath_);
   strings->FindNode("Root");
-  if (strings->ChildCount() > 0) {
-    FindLanguage(*strings, language);
-    fontReg_->font.name = FontName(*strings);
-    fontBld_->font.name = fontReg_->font.name;
-  }
+  const bool hasLanguages = strings->ChildCount() > 0;
+  if (hasLanguages) FindLanguage(*strings, language);
+  const std::string fontName = hasLanguages ? FontName(*strings) : fontReg_->font.name;
   strings->SetFromRoot(false);
-  zav::DataIO& document = DataIO();
   document.SetFromRoot(true);
   document.InsertXml("DragAndDropItem", strings->GetNodeXml("Static"));
   const bool hasTitle = strings->FindNode("ApplicationTitle");
   module_.gApplicationTitle = hasTitle ? ToText(strings->GetText()) : std::string();
+  fontReg_->font.name = fontName;
+  fontBld_->font.name = fontName;
 }
 
 void clsDragDrop::CreateForm() {
-  ReleaseForm();
   moForm_ = std::make_unique<frmMain>(controlHost_, *moErrorDisplay_);
   module_.loadedForms.push_back(moForm_.get());
   moForm_->SetReadOnly((mlOptions_ & kOptionReadOnly) != 0);
@@ -224,6 +244,7 @@ void clsDragDrop::CreateCaseStudy(std::vector<std::uint8_t> bytes) {
 
 bool clsDragDrop::ShowExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                                       std::int32_t lHeight) {
+  if (PutsOff([=, this] { ShowExternalDisplay(lLeft, lTop, lWidth, lHeight); })) return true;
   return Member("DisplayInt_ShowExternalDisplay", [&] {
     mlLeft_ = lLeft;
     mlTop_ = lTop;
@@ -240,6 +261,7 @@ bool clsDragDrop::ShowExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std
 
 bool clsDragDrop::ResizeExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                                         std::int32_t lHeight) {
+  if (PutsOff([=, this] { ResizeExternalDisplay(lLeft, lTop, lWidth, lHeight); })) return true;
   return Member("DisplayInt_ResizeExternalDisplay", [&] {
     mlLeft_ = lLeft;
     mlTop_ = lTop;
@@ -274,6 +296,7 @@ void clsDragDrop::Raise(std::int32_t event) { events_.Raise(event, {}); }
 
 bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                             std::int32_t lHeight) {
+  if (PutsOff([=, this] { Redisplay(lLeft, lTop, lWidth, lHeight); })) return true;
   controlHost_.RunHostCall([&] {
     Raise(item_event::kRefreshDisplay);
     Variant rect[] = {lLeft, lTop, lWidth, lHeight};
@@ -283,6 +306,7 @@ bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t 
 }
 
 bool clsDragDrop::HideExternalDisplay() {
+  if (PutsOff([this] { HideExternalDisplay(); })) return true;
   return Member("DisplayInt_HideExternalDisplay", [&] {
     if (mbCaseStudy_) Require(moCaseStudy_).Call("DisplayInt_HideExternalDisplay");
     RequireForm().EndGesture();
@@ -290,33 +314,46 @@ bool clsDragDrop::HideExternalDisplay() {
   });
 }
 
+// Everything is let go, also when the host fails in the middle.
 bool clsDragDrop::FreeExternalDisplay() {
+  if (PutsOff([this] { FreeExternalDisplay(); })) return true;
   controlHost_.RunHostCall([&] {
-    ReleaseForm();
-    if (mbCaseStudy_) Require(moCaseStudy_).Call("DisplayInt_FreeExternalDisplay");
-    mbCaseStudy_ = false;
-    if (moDataIO_) moDataIO_->Clear();
-    moCaseStudy_.reset();
-    moScoreEngine_.reset();
-    moStatus_->Owner = nullptr;
-    moStatus_->DataIO = nullptr;
-    moDataIO_.reset();
-    moExternalSupport_.reset();
-    // The reporter stays for whatever is still on the stack, but reports to nobody.
-    moErrorDisplay_->SetOwner(nullptr);
+    RunBoth([&] { RunBoth([&] { ReleaseForm(); }, [&] { ReleaseCaseStudy(); }); },
+            [&] { ReleaseItem(); });
   });
   return true;
 }
 
 void clsDragDrop::ReleaseForm() {
-  if (!moForm_) return;
-  moForm_->EndGesture();
-  moForm_->Hide();
-  controlHost_.services().SetParent(moForm_->hwnd(), moForm_->PreviousParent());
-  moForm_->SetParentClass(nullptr, nullptr);
-  moForm_->Form_Unload();
+  const std::unique_ptr<frmMain> form = std::move(moForm_);
+  if (!form) return;
   module_.loadedForms.clear();
-  controlHost_.KeepUntilIdle(std::move(moForm_));
+  RunBoth(
+      [&] {
+        form->EndGesture();
+        form->Hide();
+        controlHost_.services().SetParent(form->hwnd(), form->PreviousParent());
+      },
+      [&] {
+        RunBoth([&] { form->SetParentClass(nullptr, nullptr); }, [&] { form->Form_Unload(); });
+      });
+}
+
+void clsDragDrop::ReleaseCaseStudy() {
+  const ObjectRef caseStudy = std::exchange(moCaseStudy_, nullptr);
+  if (std::exchange(mbCaseStudy_, false)) {
+    Require(caseStudy).Call("DisplayInt_FreeExternalDisplay");
+  }
+}
+
+void clsDragDrop::ReleaseItem() {
+  if (moDataIO_) moDataIO_->Clear();
+  moScoreEngine_.reset();
+  moStatus_->Owner = nullptr;
+  moStatus_->DataIO = nullptr;
+  moDataIO_.reset();
+  moExternalSupport_.reset();
+  moErrorDisplay_->SetOwner(nullptr);
 }
 
 void clsDragDrop::GetExternalDisplayStatus(std::int32_t& lDispState, bool& bViewedAll,

@@ -7,11 +7,20 @@
 //
 // One thread. Host objects may fail at any call; whatever they raise is reported, or reaches the
 // host's own call where reporting is what failed.
+//
+// A host may also call in the middle of a call that is made to it, from LogError say. Members that
+// only ask answer at once. Those that set or change something are put off until the outermost call
+// ends, as if the host had asked right afterwards, and meanwhile count as done: a Boolean one is
+// True. The two rescoring members, which change the item and answer, raise 0x8004000A, and so do
+// those that score while a scoring engine is at work. The last reference may be let go at any time,
+// where the component is held by a std::shared_ptr.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "automation/ClassRegistry.h"
@@ -43,7 +52,10 @@ inline constexpr std::int32_t kLoadState = 4;
 
 inline constexpr std::string_view kCaseStudyProgId = "ZavCaseStudy.clsCaseStudy";
 
-class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
+class clsDragDrop : public Object,
+                    public DisplayInt,
+                    public std::enable_shared_from_this<clsDragDrop>,
+                    private ItemOwner {
  public:
   clsDragDrop(Platform platform, const ClassRegistry& classes);
   ~clsDragDrop() override;
@@ -95,6 +107,10 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
 
   [[nodiscard]] EventSource& Events() { return events_; }
 
+  // What has to stay alive for as long as the component has something on the stack; by itself it
+  // keeps itself.
+  void KeepWith(std::weak_ptr<void> keeper) { keeper_ = std::move(keeper); }
+
   // Builds the item anew and shows it in that rectangle.
   bool Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth, std::int32_t lHeight);
 
@@ -112,14 +128,20 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
 
   // A host's call that reports its errors under that name; whether it ran to its end.
   bool Member(const char* routine, Procedure procedure);
+  // Puts a member off that was called in the middle of another call; false where there is none.
+  bool PutsOff(std::function<void()> member);
+  std::shared_ptr<void> Keeper();
 
   [[nodiscard]] DataIORef NewDocument() const;
   [[nodiscard]] frmMain& RequireForm() const;
   void Initialise(const SafeArray& arInit, std::int32_t lOptions);
-  std::string LoadItem(const SafeArray& arInit);
-  void MergeStaticStrings(const std::string& language);
+  static std::string LoadItem(zav::DataIO& document, const SafeArray& arInit);
+  void MergeStaticStrings(zav::DataIO& document, const std::string& language);
+  void SetDocument(DataIORef document);
   void CreateForm();
   void ReleaseForm();
+  void ReleaseCaseStudy();
+  void ReleaseItem();
   void AttachForm();
   void AttachForm(WindowHandle parent);
   void CreateCaseStudy(std::vector<std::uint8_t> bytes);
@@ -138,6 +160,7 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
   void ScoreState(ScoreCounts& counts, ScoredDocument scored);
   void Rescore(const std::string& stateXml, ScoreCounts& counts);
 
+  std::weak_ptr<void> keeper_;
   ControlHost controlHost_;
   const ClassRegistry& classes_;
   EventSource events_;
@@ -158,6 +181,7 @@ class clsDragDrop : public Object, public DisplayInt, private ItemOwner {
   std::unique_ptr<frmMain> moForm_;
   ObjectRef moCaseStudy_;
   bool mbCaseStudy_ = false;
+  bool isScoring_ = false;
 };
 
 }  // namespace zav

@@ -63,7 +63,7 @@ void Trap(clsErrorDisplay& reporter, const char* routine, Procedure procedure) {
 void RunBoth(Procedure first, Procedure second) {
   try {
     first();
-  } catch (const ReportingFailure&) {
+  } catch (...) {
     second();
     throw;
   }

@@ -61,7 +61,7 @@ class clsErrorDisplay {
 
 void Trap(clsErrorDisplay& reporter, const char* routine, Procedure procedure);
 
-// Runs both. The second runs also when reporting failed in the first; that failure then passes on.
+// Runs both, the second also when the first raises; what was raised passes on.
 void RunBoth(Procedure first, Procedure second);
 
 }  // namespace zav

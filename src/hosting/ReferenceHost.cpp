@@ -59,7 +59,7 @@ ReferenceHost::ReferenceHost(ItemFolder folder, HostOptions options)
       parent_(std::make_shared<ParentObject>(folder_, calls_)) {
   RegisterClasses();
   platform_->RegisterProgram(kCalculatorFile, {"SciCalc", "Calculator"});
-  item_ = std::make_unique<clsDragDrop>(platform_->platform(), classes_);
+  item_ = std::make_shared<clsDragDrop>(platform_->platform(), classes_);
 }
 
 ReferenceHost::~ReferenceHost() {
@@ -119,7 +119,7 @@ bool ReferenceHost::Hide() {
 }
 
 bool ReferenceHost::Free() {
-  if (!std::exchange(isInitialised_, false)) return true;
+  if (!item_ || !std::exchange(isInitialised_, false)) return true;
   return AndLoadPages([&] { return item_->FreeExternalDisplay(); });
 }
 

@@ -58,6 +58,9 @@ class ReferenceHost {
   bool Resize(int widthPixels, int heightPixels);
   bool Hide();
   bool Free();
+  // Lets the component go; nothing can be asked of it after that.
+  void Release() { item_.reset(); }
+  [[nodiscard]] bool HasItem() const { return item_ != nullptr; }
   DisplayStatus Status();
 
   // The state snapshot as text; empty when there is none.
@@ -107,7 +110,7 @@ class ReferenceHost {
   ClassRegistry classes_;
   std::shared_ptr<SupportObject> support_;
   std::shared_ptr<ParentObject> parent_;
-  std::unique_ptr<clsDragDrop> item_;
+  std::shared_ptr<clsDragDrop> item_;
   bool isInitialised_ = false;
 };
 

@@ -14,6 +14,7 @@
 #include "hosting/InputError.h"
 #include "support/Intercepted.h"
 #include "support/SmallItem.h"
+#include "support/WholeSession.h"
 
 namespace zav {
 namespace {
@@ -49,33 +50,7 @@ class Session {
               })) {}
 
   void Play() {
-    const auto drag = [this](const char* from, const char* to) {
-      return [=, this] { candidate_.Drag(*ReadSpot(from), *ReadSpot(to)); };
-    };
-    const std::vector<std::function<void()>> steps = {
-        [this] { host_.Init(); },
-        [this] { host_.Show(); },
-        drag("source 1", "target A"),
-        drag("source 2", "target B"),
-        drag("source 3", "target A"),
-        drag("target B", "target C"),
-        drag("target C", "target A"),
-        drag("source 4", "target D"),
-        drag("target A", "nowhere"),
-        [this] { candidate_.Delete(*ReadSpot("target D")); },
-        drag("source 5", "target E"),
-        [this] { host_.Wait(std::chrono::milliseconds(2000)); },
-        [this] { candidate_.ClickButton("btnInstructions"); },
-        [this] { host_.form().core().controls.ssWorkScroll.Show(); },
-        [this] { host_.Status(); },
-        [this] {
-          host_.SetState("<State><Responses><Response>B2</Response></Responses></State>");
-          host_.Show();
-        },
-        [this] { candidate_.ClickButton("btnReset"); },
-        [this] { host_.Hide(); },
-    };
-    for (const auto& step : steps) Do(step);
+    for (const auto& step : WholeSession(host_, candidate_)) Do(step);
   }
 
   void Check() {
