@@ -49,9 +49,9 @@ void ControlHost::RunEvent(Procedure handler) {
   Leave();
 }
 
-void ControlHost::RunEventInTurn(const Control& control, std::function<void()> handler) {
+void ControlHost::RunEventInTurn(const Control& control, Handler<void()> handler) {
   if (!busy()) return RunEvent(handler);
-  PutOff([this, handler = std::move(handler)] { RunEvent(handler); }, &control);
+  PutOff([this, handler] { RunEvent(handler); }, &control);
 }
 
 void ControlHost::PutOff(std::function<void()> entry, const Control* control) {

@@ -47,7 +47,7 @@ class ControlHost {
   // perhaps.
   void RunEvent(Procedure handler);
   // The same for an event that must not be missed: it is put off. Dropped when the control goes.
-  void RunEventInTurn(const Control& control, std::function<void()> handler);
+  void RunEventInTurn(const Control& control, Handler<void()> handler);
 
   // Whether an entry is on the stack.
   [[nodiscard]] bool busy() const { return depth_ > 0; }

@@ -93,7 +93,7 @@ void clsDragDrop::GetExternalStateArray(SafeArray& arState, std::int32_t lBytes)
 }
 
 void clsDragDrop::SetExternalStateArray(const SafeArray& arState, std::int32_t lBytes) {
-  if (PutsOff([=, this] { SetExternalStateArray(arState, lBytes); })) return;
+  if (PutsOff("DisplayInt_SetExternalStateArray", {arState, lBytes})) return;
   Member("SetExternalStateArray", [&] {
     ReplaceState(TextOfArray(arState));
     Raise(item_event::kLoadState);

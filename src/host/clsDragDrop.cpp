@@ -105,14 +105,17 @@ bool clsDragDrop::Member(const char* routine, Procedure procedure) {
   return done;
 }
 
-bool clsDragDrop::PutsOff(std::function<void()> member) {
+bool clsDragDrop::PutsOff(std::string_view member, std::initializer_list<Variant> arguments,
+                          InvokeKind kind) {
   if (!controlHost_.busy()) return false;
-  controlHost_.PutOff(std::move(member));
+  controlHost_.PutOff([this, member, values = std::vector<Variant>(arguments), kind]() mutable {
+    Invoke(member, values, kind);
+  });
   return true;
 }
 
 void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
-  if (PutsOff([=, this] { SetExternalSupport(support); })) return;
+  if (PutsOff("DisplayInt_ExternalSupport", {support}, InvokeKind::Put)) return;
   Member("DisplayInt_ExternalSupport_Set", [&] {
     if (!support) {
       RaiseError(error_number::kNoExternalSupport, "External Support is nothing", "Overview");
@@ -123,7 +126,7 @@ void clsDragDrop::SetExternalSupport(const ObjectRef& support) {
 }
 
 WindowHandle clsDragDrop::SetParentWnd(WindowHandle hParentWnd) {
-  if (PutsOff([=, this] { SetParentWnd(hParentWnd); })) return hParentWnd;
+  if (PutsOff("DisplayInt_SetParentWnd", {hParentWnd})) return hParentWnd;
   mlParenthWnd = hParentWnd;
   return mlParenthWnd;
 }
@@ -139,7 +142,7 @@ WindowHandle clsDragDrop::hwnd() {
 
 bool clsDragDrop::InitExternalDisplay(const SafeArray& arInit, std::int32_t lInitBytes,
                                       std::int32_t lOptions) {
-  if (PutsOff([=, this] { InitExternalDisplay(arInit, lInitBytes, lOptions); })) return true;
+  if (PutsOff("DisplayInt_InitExternalDisplay", {arInit, lInitBytes, lOptions})) return true;
   return Member("InitExternalDisplay", [&] { Initialise(arInit, lOptions); });
 }
 
@@ -149,7 +152,8 @@ void clsDragDrop::Initialise(const SafeArray& arInit, std::int32_t lOptions) {
   const DataIORef document = NewDocument();
   const std::string language = LoadItem(*document, arInit);
   MergeStaticStrings(*document, language);
-  RunBoth([&] { ReleaseForm(); }, [&] { ReleaseCaseStudy(); });
+  ReleaseForm();
+  Trap(*moErrorDisplay_, "InitExternalDisplay", [&] { ReleaseCaseStudy(); });
   SetDocument(document);
   mlOptions_ = lOptions;
   CreateForm();
@@ -244,7 +248,7 @@ void clsDragDrop::CreateCaseStudy(std::vector<std::uint8_t> bytes) {
 
 bool clsDragDrop::ShowExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                                       std::int32_t lHeight) {
-  if (PutsOff([=, this] { ShowExternalDisplay(lLeft, lTop, lWidth, lHeight); })) return true;
+  if (PutsOff("DisplayInt_ShowExternalDisplay", {lLeft, lTop, lWidth, lHeight})) return true;
   return Member("DisplayInt_ShowExternalDisplay", [&] {
     mlLeft_ = lLeft;
     mlTop_ = lTop;
@@ -261,7 +265,7 @@ bool clsDragDrop::ShowExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std
 
 bool clsDragDrop::ResizeExternalDisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                                         std::int32_t lHeight) {
-  if (PutsOff([=, this] { ResizeExternalDisplay(lLeft, lTop, lWidth, lHeight); })) return true;
+  if (PutsOff("DisplayInt_ResizeExternalDisplay", {lLeft, lTop, lWidth, lHeight})) return true;
   return Member("DisplayInt_ResizeExternalDisplay", [&] {
     mlLeft_ = lLeft;
     mlTop_ = lTop;
@@ -296,7 +300,6 @@ void clsDragDrop::Raise(std::int32_t event) { events_.Raise(event, {}); }
 
 bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                             std::int32_t lHeight) {
-  if (PutsOff([=, this] { Redisplay(lLeft, lTop, lWidth, lHeight); })) return true;
   controlHost_.RunHostCall([&] {
     Raise(item_event::kRefreshDisplay);
     Variant rect[] = {lLeft, lTop, lWidth, lHeight};
@@ -306,7 +309,7 @@ bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t 
 }
 
 bool clsDragDrop::HideExternalDisplay() {
-  if (PutsOff([this] { HideExternalDisplay(); })) return true;
+  if (PutsOff("DisplayInt_HideExternalDisplay")) return true;
   return Member("DisplayInt_HideExternalDisplay", [&] {
     if (mbCaseStudy_) Require(moCaseStudy_).Call("DisplayInt_HideExternalDisplay");
     RequireForm().EndGesture();
@@ -316,7 +319,7 @@ bool clsDragDrop::HideExternalDisplay() {
 
 // Everything is let go, also when the host fails in the middle.
 bool clsDragDrop::FreeExternalDisplay() {
-  if (PutsOff([this] { FreeExternalDisplay(); })) return true;
+  if (PutsOff("DisplayInt_FreeExternalDisplay")) return true;
   controlHost_.RunHostCall([&] {
     RunBoth([&] { RunBoth([&] { ReleaseForm(); }, [&] { ReleaseCaseStudy(); }); },
             [&] { ReleaseItem(); });

@@ -17,7 +17,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -107,6 +107,8 @@ class clsDragDrop : public Object,
 
   [[nodiscard]] EventSource& Events() { return events_; }
 
+  // Whether a call of the host's, or an event, is on the stack.
+  [[nodiscard]] bool busy() const { return controlHost_.busy(); }
   // What has to stay alive for as long as the component has something on the stack; by itself it
   // keeps itself.
   void KeepWith(std::weak_ptr<void> keeper) { keeper_ = std::move(keeper); }
@@ -128,8 +130,10 @@ class clsDragDrop : public Object,
 
   // A host's call that reports its errors under that name; whether it ran to its end.
   bool Member(const char* routine, Procedure procedure);
-  // Puts a member off that was called in the middle of another call; false where there is none.
-  bool PutsOff(std::function<void()> member);
+  // Puts off a member, by its name, that was called in the middle of another call; false where it
+  // was not.
+  bool PutsOff(std::string_view member, std::initializer_list<Variant> arguments = {},
+               InvokeKind kind = InvokeKind::Call);
   std::shared_ptr<void> Keeper();
 
   [[nodiscard]] DataIORef NewDocument() const;

@@ -73,6 +73,7 @@ void ReferenceHost::RegisterClasses() {
   RegisterScoreEngine(classes_,
                       [this](const std::string& message) { parent_->Log(ScoringEntry(message)); });
   RegisterCaseStudy(classes_, platform_->platform());
+  if (options_.registerClasses) options_.registerClasses(classes_);
 }
 
 ObjectRef ReferenceHost::Wrap(std::string_view name, ObjectRef object) const {

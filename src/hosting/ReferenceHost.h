@@ -30,6 +30,8 @@ struct HostOptions {
   // Stands between the component and a host object ("support" or "parent"), such as to make a call
   // fail.
   std::function<ObjectRef(std::string_view name, ObjectRef object)> wrapHostObject;
+  // Makes classes of the host's own known, instead of the reference ones.
+  std::function<void(ClassRegistry& classes)> registerClasses;
 };
 
 struct DisplayStatus {

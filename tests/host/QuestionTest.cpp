@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 
 #include "host/PendingAnswer.h"
 #include "support/Intercepted.h"
@@ -18,6 +19,7 @@ struct LaterAnswered {
   std::shared_ptr<PendingAnswer> pending;
   int asked = 0;
   int dropped = 0;
+  std::optional<std::int16_t> early;  // answered before the question is awaited
   ItemFixture item;
 
   LaterAnswered()
@@ -33,6 +35,7 @@ struct LaterAnswered {
     ++asked;
     pending = std::make_shared<PendingAnswer>();
     pending->onDropped = [this] { ++dropped; };
+    if (early) pending->Answer(*early);
     return ObjectRef(pending);
   }
 };
@@ -96,6 +99,18 @@ TEST(Question, WaitsForAnAnswerThatComesLater) {
     EXPECT_EQ(test.asked, row.asked);
     EXPECT_EQ(test.dropped, row.dropped);
   }
+}
+
+TEST(Question, TakesAnAnswerThatComesEarly) {
+  LaterAnswered test;
+  test.early = kCancel;
+  test.item.candidate.ClickButton("btnReset");
+  EXPECT_EQ(test.item.Responses(), "A1 B2");
+  test.early = kOk;
+  test.item.candidate.ClickButton("btnReset");
+  EXPECT_EQ(test.item.Responses(), "");
+  test.item.Drag("source 1").To("target C").Release();
+  EXPECT_EQ(test.item.Responses(), "C1") << "the form takes input again";
 }
 
 TEST(Question, IsDroppedWhenTheItemIsFreed) {

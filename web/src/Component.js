@@ -49,6 +49,11 @@ export class Component {
     return this.#runtime.exports.hostWindow(this.#number);
   }
 
+  /** Whether the component is in the middle of something, as while it calls its host. */
+  get busy() {
+    return this.#runtime.exports.busy(this.#number) !== 0;
+  }
+
   /**
    * @param {string} path
    * @param {Uint8Array} bytes

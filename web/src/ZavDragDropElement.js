@@ -110,6 +110,10 @@ export class ZavDragDropElement extends HTMLElement {
   /** Counts initialisations, so that one that was overtaken ends. */
   #turn = 0;
   #state = '';
+  /** Whether the host put another state while the component called it, which sees to it afterwards. */
+  #isStatePut = false;
+  /** Whether the host freed the item: there is nothing to ask it any more. */
+  #isFreed = false;
   /** @type {Promise<void>} */
   #ready = Promise.resolve();
   #reloading = false;
@@ -207,6 +211,8 @@ export class ZavDragDropElement extends HTMLElement {
     this.#component?.dispose();
     this.#component = undefined;
     this.#state = '';
+    this.#isStatePut = false;
+    this.#isFreed = false;
     this.#sizes.disconnect();
   }
 
@@ -240,6 +246,7 @@ export class ZavDragDropElement extends HTMLElement {
     const turn = ++this.#turn;
     this.#component?.dispose();
     this.#component = undefined;
+    this.#isFreed = false;
     this.#sizes.observe(this);
     const [runtime, brought] = await Promise.all([
       Runtime.load(WASM),
@@ -256,10 +263,17 @@ export class ZavDragDropElement extends HTMLElement {
     for (const [url, bytes] of brought.files) component.addFile(url, bytes);
     for (const [url, image] of brought.pictures) component.addPicture(url, image);
     for (const [progId, create] of this.#classes) component.registerClass(progId, create);
+    // The host is called here, and may call back.
     component.put('mExtParent', this.#parentObject);
     component.put('DisplayInt_ExternalSupport', this.#support ?? null);
-    this.#call('SetParentWnd', this.#parentWindow ?? component.hostWindow);
-    const { result } = this.#call('InitExternalDisplay', arInit, lInitBytes, lOptions);
+    if (turn !== this.#turn) return false;
+    component.call('DisplayInt_SetParentWnd', [this.#parentWindow ?? component.hostWindow]);
+    const { result } = component.call('DisplayInt_InitExternalDisplay', [
+      arInit,
+      lInitBytes,
+      lOptions,
+    ]);
+    if (turn !== this.#turn) return false;
     this.#observe(false);
     return result;
   }
@@ -280,6 +294,7 @@ export class ZavDragDropElement extends HTMLElement {
 
   FreeExternalDisplay() {
     this.#follows = false;
+    this.#isFreed = true;
     return this.#call('FreeExternalDisplay').result;
   }
 
@@ -361,11 +376,16 @@ export class ZavDragDropElement extends HTMLElement {
   }
 
   /**
-   * A call that may change the state: the host knows that without being told.
+   * A call that may change the state: the host knows that without being told. In the middle of another
+   * call it is put off until that ends.
    * @param {string} member
    * @param {unknown[]} args
    */
   #change(member, ...args) {
+    if (this.#component?.busy) {
+      this.#isStatePut ||= member === 'SetExternalStateArray';
+      return this.#call(member, ...args);
+    }
     try {
       return this.#call(member, ...args);
     } finally {
@@ -457,10 +477,12 @@ export class ZavDragDropElement extends HTMLElement {
 
   /** @param {boolean} byCandidate */
   #observe(byCandidate) {
-    if (!this.#component) return;
+    if (!this.#component || this.#isFreed) return;
     const before = this.#state;
+    const isTold = byCandidate && !this.#isStatePut;
+    this.#isStatePut = false;
     this.#state = this.#readState();
-    if (!byCandidate || this.#state === before) return;
+    if (!isTold || this.#state === before) return;
     const responses = responsesIn(this.#state);
     if (responsesIn(before).join('\n') !== responses.join('\n')) {
       this.#tell('zav-responses-changed', { responses });

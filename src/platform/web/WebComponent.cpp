@@ -9,6 +9,13 @@
 
 namespace zav {
 
+std::shared_ptr<WebComponent> WebComponent::Make(Browser& browser, PageObjects& objects,
+                                                 ComponentNumber number) {
+  auto component = std::make_shared<WebComponent>(browser, objects, number);
+  component->item_->KeepWith(component);
+  return component;
+}
+
 WebComponent::WebComponent(Browser& browser, PageObjects& objects, ComponentNumber number)
     : objects_(objects), platform_(browser, number), pointer_(platform_) {
   RegisterScoreEngine(classes_, [this](const std::string& message) { LogScoring(message); });

@@ -17,6 +17,9 @@ namespace zav {
 
 class WebComponent {
  public:
+  // Lives until it is let go and nothing of the item is on the stack any more.
+  static std::shared_ptr<WebComponent> Make(Browser& browser, PageObjects& objects,
+                                            ComponentNumber number);
   // Both outlive it.
   WebComponent(Browser& browser, PageObjects& objects, ComponentNumber number);
   WebComponent(const WebComponent&) = delete;

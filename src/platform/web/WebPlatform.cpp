@@ -149,9 +149,10 @@ WindowHandle WebPlatform::CreateFormWindow(const std::string& title) {
   return windows_.Open({.owner = Window::Owner::Form, .className = "Form", .title = title});
 }
 
+// The page hears of it with the form that is presented as gone.
 void WebPlatform::DestroyFormWindow(WindowHandle window) {
   windows_.Close(window);
-  ArrangeWindows();
+  windowsChanged_ = true;
 }
 
 WindowHandle WebPlatform::SetParent(WindowHandle window, WindowHandle parent) {
@@ -215,18 +216,17 @@ void WebPlatform::DeleteFiles(const std::string& pattern) {
 
 void WebPlatform::Present(std::span<Control* const> changed, std::span<const ControlId> removed) {
   for (const ControlId id : removed) controls_.erase(id);
-  bool formsChanged = false;
   for (Control* control : changed) {
     controls_[control->id()] = control;
     if (control->kind() != ControlKind::Form) continue;
     windows_.Announce(static_cast<Form&>(*control));
-    formsChanged = true;
+    windowsChanged_ = true;
   }
   changes_.Write(changed, removed);
   if (!changes_.Words().empty()) {
     browser_.Present(component_, changes_.Words(), changes_.Texts());
   }
-  if (formsChanged) ArrangeWindows();
+  if (std::exchange(windowsChanged_, false)) ArrangeWindows();
 }
 
 // Forms say themselves whether they are seen. Programs' windows are in front of all forms.

@@ -90,6 +90,7 @@ class WebPlatform final : public Services, public Presenter {
   const ComponentNumber component_;
   WindowTable windows_;
   WindowHandle hostWindow_;
+  bool windowsChanged_ = false;  // since they were last arranged
   ChangeBuffer changes_;
   std::map<ControlId, Control*> controls_;
   PictureTable pictures_;  // by path in upper case; null: no picture

@@ -39,6 +39,8 @@ export class Exports {
     /** @type {(number: number) => void} */
     this.dispose = module._zav_dispose;
     /** @type {(number: number) => number} */
+    this.busy = module._zav_busy;
+    /** @type {(number: number) => number} */
     this.hostWindow = module._zav_host_window;
     /** @type {(object: number) => void} */
     this.release = module._zav_release;
@@ -254,47 +256,43 @@ export class Runtime {
   /** What PageBrowser.cpp calls. */
   #page() {
     const { module, objects } = this;
-    const view = (/** @type {number} */ number) => {
-      const found = this.#views.get(number);
-      if (!found) throw new Error(`There is no item ${number}`);
-      return found;
-    };
+    // None for an item that was disposed of in the middle of a call, which goes on to its end.
+    const view = (/** @type {number} */ number) => this.#views.get(number);
     const words = (/** @type {number} */ at, /** @type {number} */ count) =>
       module.HEAP32.subarray(at >> 2, (at >> 2) + count);
     return {
       /** @type {(number: number, at: number, count: number, texts: number, size: number) => void} */
       present: (number, at, count, texts, size) =>
-        view(number).present(words(at, count), module.HEAPU8.subarray(texts, texts + size)),
+        view(number)?.present(words(at, count), module.HEAPU8.subarray(texts, texts + size)),
       /** @type {(number: number, at: number, count: number) => void} */
-      arrangeWindows: (number, at, count) =>
-        this.#views.get(number)?.arrangeWindows(words(at, count)),
+      arrangeWindows: (number, at, count) => view(number)?.arrangeWindows(words(at, count)),
       /** @type {(...values: number[]) => number} */
       richTextHeight: (number, isHtml, at, size, points, style, font, fontSize, width) =>
-        view(number).pages.richTextHeight(
+        view(number)?.pages.richTextHeight(
           {
             isHtml: isHtml !== 0,
             text: this.#text(at, size),
             font: { points, style, name: this.#text(font, fontSize) },
           },
           width,
-        ),
+        ) ?? 0,
       /** @type {(...values: number[]) => void} */
       loadPage: (number, pane, at, size, ticket) =>
-        view(number).loadPage(pane, this.#text(at, size), ticket),
+        view(number)?.loadPage(pane, this.#text(at, size), ticket),
       /** @type {(number: number, pane: number) => void} */
-      dropPage: (number, pane) => this.#views.get(number)?.pages.drop(pane),
+      dropPage: (number, pane) => view(number)?.pages.drop(pane),
       /** @type {(...values: number[]) => number} */
       pageContentHeight: (number, pane, width, margin) =>
-        view(number).pages.contentHeight(pane, width, margin),
+        view(number)?.pages.contentHeight(pane, width, margin) ?? 0,
       /** @type {(number: number, pane: number) => number} */
-      pageScrollTop: (number, pane) => view(number).pages.scrollTop(pane),
+      pageScrollTop: (number, pane) => view(number)?.pages.scrollTop(pane) ?? 0,
       /** @type {(number: number, timer: number, milliseconds: number) => void} */
-      startTimer: (number, timer, milliseconds) => view(number).startTimer(timer, milliseconds),
+      startTimer: (number, timer, milliseconds) => view(number)?.startTimer(timer, milliseconds),
       /** @type {(number: number, timer: number) => void} */
-      stopTimer: (number, timer) => this.#views.get(number)?.stopTimer(timer),
+      stopTimer: (number, timer) => view(number)?.stopTimer(timer),
       /** @type {(number: number, at: number, size: number, picture: number) => void} */
       namePicture: (number, at, size, picture) =>
-        view(number).pictures.name(this.#text(at, size), picture),
+        view(number)?.pictures.name(this.#text(at, size), picture),
       /** @type {(...values: number[]) => number} */
       invoke: (object, member, memberSize, args, size, isPut, answerSize) => {
         const answer = objects.answerCall(

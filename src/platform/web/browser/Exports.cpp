@@ -35,7 +35,7 @@ constexpr int kStopped = 4;  // nobody else hears of it
 struct Module {
   PageBrowser browser;
   PageObjects objects{browser};
-  std::map<ComponentNumber, std::unique_ptr<WebComponent>> components;
+  std::map<ComponentNumber, std::shared_ptr<WebComponent>> components;
 };
 
 Module& TheModule() {
@@ -43,22 +43,10 @@ Module& TheModule() {
   return module;
 }
 
-WebComponent* ComponentOf(ComponentNumber number) {
+// Null for a number that there is no component of, or no longer.
+std::shared_ptr<WebComponent> ComponentOf(ComponentNumber number) {
   const auto found = TheModule().components.find(number);
-  return found == TheModule().components.end() ? nullptr : found->second.get();
-}
-
-template <typename T>
-T* ControlOf(ComponentNumber number, int id, ControlKind kind) {
-  WebComponent* component = ComponentOf(number);
-  if (component == nullptr) return nullptr;
-  Control* control = component->platform().Find(static_cast<ControlId>(id));
-  return control != nullptr && control->kind() == kind ? static_cast<T*>(control) : nullptr;
-}
-
-Control* ControlOf(ComponentNumber number, int id) {
-  WebComponent* component = ComponentOf(number);
-  return component == nullptr ? nullptr : component->platform().Find(static_cast<ControlId>(id));
+  return found == TheModule().components.end() ? nullptr : found->second;
 }
 
 std::string_view Text(const char* text, int size) { return {text, static_cast<std::size_t>(size)}; }
@@ -72,10 +60,25 @@ void Quietly(Action&& action) {
   }
 }
 
+// The component stays until the action ends, also where it is disposed of meanwhile.
 template <typename Action>
 void With(ComponentNumber number, Action&& action) {
   Quietly([&] {
-    if (WebComponent* component = ComponentOf(number)) action(*component);
+    if (const auto component = ComponentOf(number)) action(*component);
+  });
+}
+
+template <typename Action>
+void WithControl(ComponentNumber number, int id, Action&& action) {
+  With(number, [&](WebComponent& component) {
+    if (Control* control = component.platform().Find(static_cast<ControlId>(id))) action(*control);
+  });
+}
+
+template <typename T, typename Action>
+void WithControl(ComponentNumber number, int id, ControlKind kind, Action&& action) {
+  WithControl(number, id, [&](Control& control) {
+    if (control.kind() == kind) action(static_cast<T&>(control));
   });
 }
 
@@ -91,9 +94,9 @@ EMSCRIPTEN_KEEPALIVE int zav_create(int number) {
   int item = 0;
   Quietly([&] {
     Module& module = TheModule();
-    module.components[number] =
-        std::make_unique<WebComponent>(module.browser, module.objects, number);
-    item = module.objects.KeepNative(module.components[number]->item());
+    const auto component = WebComponent::Make(module.browser, module.objects, number);
+    module.components[number] = component;
+    item = module.objects.KeepNative(component->item());
   });
   return item;
 }
@@ -102,9 +105,15 @@ EMSCRIPTEN_KEEPALIVE void zav_dispose(int number) {
   Quietly([&] { TheModule().components.erase(number); });
 }
 
+// Whether an entry is on the stack.
+EMSCRIPTEN_KEEPALIVE int zav_busy(int number) {
+  const auto component = ComponentOf(number);
+  return component && component->item()->busy() ? 1 : 0;
+}
+
 EMSCRIPTEN_KEEPALIVE int zav_host_window(int number) {
-  WebComponent* component = ComponentOf(number);
-  return component == nullptr ? 0 : component->platform().hostWindow();
+  const auto component = ComponentOf(number);
+  return component ? component->platform().hostWindow() : 0;
 }
 
 EMSCRIPTEN_KEEPALIVE void zav_add_picture(int number, const char* path, int size, int picture,
@@ -184,16 +193,11 @@ EMSCRIPTEN_KEEPALIVE void zav_pointer(int number, int act, int control, float x,
 }
 
 EMSCRIPTEN_KEEPALIVE void zav_key(int number, int id, int keyCode, int alt) {
-  Quietly([&] {
-    if (Control* control = ControlOf(number, id)) control->RaiseKeyDown({keyCode, alt != 0});
-  });
+  WithControl(number, id, [&](Control& control) { control.RaiseKeyDown({keyCode, alt != 0}); });
 }
 
 EMSCRIPTEN_KEEPALIVE void zav_focus(int number, int id) {
-  Quietly([&] {
-    Control* control = ControlOf(number, id);
-    if (control != nullptr && control->enabled()) control->RaiseFocus();
-  });
+  WithControl(number, id, [](Control& control) { control.RaiseFocus(); });
 }
 
 // Gives the flags of page_event_flag.
@@ -202,10 +206,8 @@ EMSCRIPTEN_KEEPALIVE int zav_page_event(int number, int id, const char* type, in
                                         int keyCode) {
   PageEvent event{std::string(Text(type, typeSize)), std::string(Text(element, elementSize)),
                   alt != 0, keyCode};
-  Quietly([&] {
-    auto* pane = ControlOf<HtmlPane>(number, id, ControlKind::HtmlPane);
-    if (pane != nullptr) pane->RaisePageEvent(event);
-  });
+  WithControl<HtmlPane>(number, id, ControlKind::HtmlPane,
+                        [&](HtmlPane& pane) { pane.RaisePageEvent(event); });
   return (event.returnValue ? 0 : page_event_flag::kSuppressed) |
          (event.clearSelection ? page_event_flag::kClearSelection : 0) |
          (event.cancelBubble ? page_event_flag::kStopped : 0);
@@ -223,26 +225,22 @@ EMSCRIPTEN_KEEPALIVE void zav_timer(int number, int timer) {
 
 // The offset of what a frame shows, in pixels.
 EMSCRIPTEN_KEEPALIVE void zav_scroll(int number, int id, float x, float y) {
-  Quietly([&] {
-    auto* frame = ControlOf<ScrollFrame>(number, id, ControlKind::ScrollFrame);
-    if (frame == nullptr) return;
-    const TwipsPerPixel twips = frame->host().twipsPerPixel();
-    frame->ScrollTo(x * static_cast<float>(twips.x), y * static_cast<float>(twips.y));
+  WithControl<ScrollFrame>(number, id, ControlKind::ScrollFrame, [&](ScrollFrame& frame) {
+    const TwipsPerPixel twips = frame.host().twipsPerPixel();
+    frame.ScrollTo(x * static_cast<float>(twips.x), y * static_cast<float>(twips.y));
   });
 }
 
 // A bar, by its place among the splitter's, was moved by that many pixels.
 EMSCRIPTEN_KEEPALIVE void zav_drag_bar(int number, int id, int bar, float pixels) {
-  Quietly([&] {
-    auto* splitter = ControlOf<Splitter>(number, id, ControlKind::Splitter);
-    if (splitter == nullptr) return;
-    const std::vector<Splitter::Bar> bars = splitter->Bars();
+  WithControl<Splitter>(number, id, ControlKind::Splitter, [&](Splitter& splitter) {
+    const std::vector<Splitter::Bar> bars = splitter.Bars();
     if (bar < 0 || static_cast<std::size_t>(bar) >= bars.size()) return;
     const Splitter::Bar& dragged = bars[static_cast<std::size_t>(bar)];
-    const Rect& pane = splitter->Pane(dragged.key).rect;
-    const TwipsPerPixel twips = splitter->host().twipsPerPixel();
+    const Rect& pane = splitter.Pane(dragged.key).rect;
+    const TwipsPerPixel twips = splitter.host().twipsPerPixel();
     const float moved = pixels * static_cast<float>(dragged.upright ? twips.x : twips.y);
-    splitter->DragBar(dragged.key, (dragged.upright ? pane.width : pane.height) + moved);
+    splitter.DragBar(dragged.key, (dragged.upright ? pane.width : pane.height) + moved);
   });
 }
 
