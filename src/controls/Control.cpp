@@ -1,6 +1,5 @@
 #include "controls/Control.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace zav {
@@ -15,14 +14,14 @@ Control::Control(ControlHost& host, ControlKind kind, Control* container, std::s
       container_(container) {
   host_.Add();
   if (container_ != nullptr) {
-    container_->children_.push_back(this);
+    place_ = container_->children_.insert(container_->children_.end(), this);
     zOrder_ = ++container_->topOrder_;
   }
   Changed(change::kAll);
 }
 
 Control::~Control() {
-  if (container_ != nullptr) std::erase(container_->children_, this);
+  if (container_ != nullptr) container_->children_.erase(place_);
   host_.Forget(*this);
 }
 

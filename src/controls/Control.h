@@ -6,10 +6,11 @@
 // whatever its container's scale. The mouse stays with the control that was pressed until release.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <list>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "automation/Handler.h"
 #include "controls/ControlHost.h"
@@ -81,7 +82,7 @@ class Control {
   [[nodiscard]] Control* container() const { return container_; }
   [[nodiscard]] ControlHost& host() const { return host_; }
   // In the order in which they came to be; drawn by zOrder.
-  [[nodiscard]] const std::vector<Control*>& children() const { return children_; }
+  [[nodiscard]] const std::list<Control*>& children() const { return children_; }
 
   [[nodiscard]] const Rect& rect() const { return rect_; }
   [[nodiscard]] float left() const { return rect_.left; }
@@ -169,6 +170,8 @@ class Control {
   [[nodiscard]] bool Hears() const;
   // Runs when the size changed, before the handler of onResize.
   virtual void SizeChanged() {}
+  // Runs before what changed is presented; what it changes is presented too.
+  virtual void Settle() {}
   // Runs when the presenter has seen what changed.
   virtual void Presented() {}
   void Changed(unsigned what);
@@ -188,7 +191,8 @@ class Control {
   const std::string name_;
   const int index_;
   Control* const container_;
-  std::vector<Control*> children_;
+  std::list<Control*> children_;
+  std::list<Control*>::iterator place_;  // in the container's children
   Rect rect_;
   bool visible_ = true;
   bool enabled_ = true;
@@ -203,6 +207,7 @@ class Control {
   std::int64_t zOrder_ = 0;
   std::int64_t topOrder_ = 0;  // the highest order given to a child
   unsigned changes_ = 0;
+  std::size_t changedPlace_ = 0;  // in the host's list, while there are changes
 };
 
 }  // namespace zav

@@ -32,7 +32,9 @@ void ControlHost::RunHostCall(Procedure call) {
   const std::shared_ptr<void> alive = Enter();
   try {
     call();
+    Settle();
   } catch (...) {
+    SettleQuietly();
     Leave();
     throw;
   }
@@ -44,7 +46,9 @@ void ControlHost::RunEvent(Procedure handler) {
   const std::shared_ptr<void> alive = Enter();
   try {
     handler();
+    Settle();
   } catch (...) {
+    SettleQuietly();
   }
   Leave();
 }
@@ -95,22 +99,49 @@ void ControlHost::Add() {
   ++living_;
 }
 
-// Ids grow in the order in which controls come to be, and a container is older than what it holds.
 void ControlHost::MarkChanged(Control& control) noexcept {
-  const auto isOlder = [](const Control* a, const Control* b) { return a->id() < b->id(); };
-  changed_.insert(std::upper_bound(changed_.begin(), changed_.end(), &control, isOlder), &control);
+  control.changedPlace_ = changed_.size();
+  changed_.push_back(&control);
 }
 
 void ControlHost::Forget(Control& control) noexcept {
-  std::erase(changed_, &control);
+  if (control.changes_ != 0) {
+    Control* last = changed_.back();
+    changed_[control.changedPlace_] = last;
+    last->changedPlace_ = control.changedPlace_;
+    changed_.pop_back();
+  }
   std::erase_if(waiting_, [&](const Waiting& waiting) { return waiting.control == &control; });
   removed_.push_back(control.id());
   --living_;
 }
 
+// What settles may change others, which then stand at the list's end.
+void ControlHost::Settle() {
+  if (depth_ > 1) return;
+  for (std::size_t i = 0; i < changed_.size(); ++i) changed_[i]->Settle();
+}
+
+void ControlHost::SettleQuietly() noexcept {
+  try {
+    Settle();
+  } catch (...) {  // an error of the entry's own is on its way to the host
+  }
+}
+
+// Ids grow in the order in which controls come to be, and a container is older than what it holds.
+// By way of a heap: the code of std::sort is several times as long.
+void ControlHost::SortChanged() noexcept {
+  const auto isOlder = [](const Control* a, const Control* b) { return a->id() < b->id(); };
+  std::make_heap(changed_.begin(), changed_.end(), isOlder);
+  std::sort_heap(changed_.begin(), changed_.end(), isOlder);
+  for (std::size_t i = 0; i < changed_.size(); ++i) changed_[i]->changedPlace_ = i;
+}
+
 // Without the memory to present it, what changed waits for the next entry.
 void ControlHost::Present() noexcept {
   if (changed_.empty() && removed_.empty()) return;
+  SortChanged();
   try {
     platform_.presenter.Present(changed_, removed_);
   } catch (...) {

@@ -81,7 +81,11 @@ class ControlHost {
 
   void PutOff(std::function<void()> entry, const Control* control);
   [[nodiscard]] std::shared_ptr<void> Enter();
+  // At the end of the outermost entry; raises what a control raises.
+  void Settle();
+  void SettleQuietly() noexcept;
   void Leave() noexcept;
+  void SortChanged() noexcept;
   void Present() noexcept;
   void RunWaiting() noexcept;
 
@@ -90,7 +94,7 @@ class ControlHost {
   int depth_ = 0;
   bool takesInput_ = true;
   std::size_t living_ = 0;          // controls; the two lists have room for all of them
-  std::vector<Control*> changed_;   // by id; each once
+  std::vector<Control*> changed_;   // each once, in any order until they are presented
   std::vector<ControlId> removed_;  // presented before and gone since
   std::vector<std::shared_ptr<void>> kept_;
   std::vector<Waiting> waiting_;
