@@ -5,20 +5,25 @@
 namespace zav {
 namespace {
 
-bool Covers(const DrawnShape& upper, const DrawnShape& lower) {
-  return upper.kind == lower.kind && upper.x1 == lower.x1 && upper.y1 == lower.y1 &&
-         upper.x2 == lower.x2 && upper.y2 == lower.y2 && upper.penWidth >= lower.penWidth &&
-         upper.picture == lower.picture;
-}
+constexpr std::size_t kShapesLeftAlone = 100;
 
 }  // namespace
 
+void PictureBox::Invalidate() {
+  stale_ = true;
+  Changed(change::kContent);
+}
+
+void PictureBox::Settle() {
+  if (!onPaint) return;
+  if (!stale_ && drawn_.size() <= 2 * painted_ + kShapesLeftAlone) return;
+  Clear();
+  onPaint();
+  painted_ = drawn_.size();
+}
+
 void PictureBox::Draw(DrawnShape shape) {
-  for (std::size_t i = drawn_.size(); i-- > 0;) {
-    if (!Covers(shape, drawn_[i])) continue;
-    drawn_.erase(drawn_.begin() + static_cast<std::ptrdiff_t>(i));
-    if (i < presented_) --presented_;
-  }
+  if (stale_) return;
   drawn_.push_back(std::move(shape));
   Changed(change::kContent);
 }
@@ -48,6 +53,7 @@ void PictureBox::PaintPicture(PictureRef picture, Point at) {
 }
 
 void PictureBox::Clear() {
+  stale_ = false;
   drawn_.clear();
   presented_ = 0;
   Changed(change::kContent);

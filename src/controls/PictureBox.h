@@ -1,5 +1,9 @@
 // A surface that is drawn on. It keeps what was drawn since it was last cleared, in order, so that
 // a platform can show it again at any time.
+//
+// A box with a handler of onPaint is drawn by it: whoever changes what the box shows invalidates
+// it, and it is painted when the entry ends, once. What is drawn on it besides, so that little
+// changes cost little, has to be what the handler would draw too.
 #pragma once
 
 #include <cstddef>
@@ -30,8 +34,12 @@ class PictureBox : public Control {
   PictureBox(ControlHost& host, Control* container, std::string name, int index = -1)
       : Control(host, ControlKind::PictureBox, container, std::move(name), index) {}
 
-  // A shape that is drawn over an equal one of no wider pen replaces it, so that a frame drawn and
-  // erased again and again does not make the record grow.
+  // Draws all that the box shows.
+  Handler<void()> onPaint;
+  void Invalidate();
+
+  // Nothing happens on a box that is going to be painted anyway. Nor does a frame that is drawn and
+  // erased again and again make the record grow: it is painted anew when that has doubled.
   void DrawLine(Point from, Point to, int penWidth, std::int32_t color);
   void DrawFilledBox(const Rect& box, int penWidth, std::int32_t color);
   void PaintPicture(PictureRef picture, Point at);
@@ -49,12 +57,15 @@ class PictureBox : public Control {
   void SetPicture(PictureRef picture);
 
  protected:
+  void Settle() override;
   void Presented() override { presented_ = drawn_.size(); }
 
  private:
   void Draw(DrawnShape shape);
 
+  bool stale_ = false;  // to be painted when the entry ends
   std::vector<DrawnShape> drawn_;
+  std::size_t painted_ = 0;    // how many of them onPaint drew
   std::size_t presented_ = 0;  // how many of them
   PictureRef picture_;
 };

@@ -5,9 +5,21 @@
 namespace zav {
 
 void AreaRefresh::RefreshWorkArea() {
+  form_.drag.FramedTargets.clear();
+  form_.controls.pcWork.Invalidate();
+}
+
+void AreaRefresh::RefreshSourceArea() {
+  FormControls& controls = form_.controls;
+  form_.drag.FramedSource = 0;
+  controls.pcSource.Invalidate();
+  const int groups = static_cast<int>(form_.tables.GroupList.Count());
+  for (int k = 1; k <= groups; ++k) controls.txtSourceHeading[k].BringToFront();
+}
+
+void AreaRefresh::PaintWorkArea() {
   form_.Trap("RefreshWorkArea", [&] {
     FormControls& controls = form_.controls;
-    controls.pcWork.Clear();
     PaintBackground();
     for (const ShapeSegment& segment : form_.tables.ShapeSegments) {
       drawing_.DrawLine(controls.pcWork, segment);
@@ -18,6 +30,7 @@ void AreaRefresh::RefreshWorkArea() {
       const clsGroup* group = form_.tables.FindGroup(picture.tag());
       if (group != nullptr) drawing_.DrawTargetWell(controls.pcWork, picture, *group);
     }
+    for (const int target : form_.drag.FramedTargets) drawing_.FrameTarget(target);
   });
 }
 
@@ -35,13 +48,11 @@ void AreaRefresh::PaintBackground() {
                                       top / static_cast<float>(form_.tables.ItemTwipsPerPixelY)});
 }
 
-void AreaRefresh::RefreshSourceArea() {
+void AreaRefresh::PaintSourceArea() {
   form_.Trap("RefreshSourceArea", [&] {
-    FormControls& controls = form_.controls;
-    controls.pcSource.Clear();
-    for (int s = 1; s <= controls.imgSource.UpperBound(); ++s) sourceLook_.DrawCard(s);
-    const int groups = static_cast<int>(form_.tables.GroupList.Count());
-    for (int k = 1; k <= groups; ++k) controls.txtSourceHeading[k].BringToFront();
+    const int count = form_.controls.imgSource.UpperBound();
+    for (int s = 1; s <= count; ++s) sourceLook_.DrawCard(s);
+    if (form_.drag.FramedSource > 0) drawing_.FrameSource(form_.drag.FramedSource);
   });
 }
 

@@ -1,4 +1,4 @@
-// Redraws the two areas from what the form holds.
+// What the two areas show, drawn from what the form holds.
 #pragma once
 
 #include "form/SourceLook.h"
@@ -11,10 +11,15 @@ class AreaRefresh {
   AreaRefresh(FormCore& form, Drawing& drawing, SourceLook& sourceLook)
       : form_(form), drawing_(drawing), sourceLook_(sourceLook) {}
 
-  // Background picture, outlines and wells. Reports under "RefreshWorkArea".
+  // Has the area painted when the entry ends, without frames.
   void RefreshWorkArea();
-  // Cards, with the headings in front. Reports under "RefreshSourceArea".
+  // The same; the headings come to the front at once.
   void RefreshSourceArea();
+
+  // Background picture, outlines, wells and frames. Reports under "RefreshWorkArea".
+  void PaintWorkArea();
+  // Cards and a frame. Reports under "RefreshSourceArea".
+  void PaintSourceArea();
 
  private:
   void PaintBackground();

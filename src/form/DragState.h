@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "controls/Control.h"
 
@@ -20,6 +21,8 @@ struct DragState {
   std::int16_t CurrentTarget = 0;      // the target under the dragged item, 0: none
   bool OverSourceArea = false;         // the dragged item is over the source area
   std::int16_t HighlightedTarget = 0;  // the target that shows the highlight frame, 0: none
+  std::vector<int> FramedTargets;      // those round which a frame is drawn
+  int FramedSource = 0;                // the source item round which one is drawn, 0: none
   Carried carried = Carried::Nothing;
   int carriedIndex = 0;       // of the source item or the target that it was picked up from
   bool SourceUsedUp = false;  // what the last count of a source item's uses found

@@ -143,6 +143,8 @@ std::string FormLoader::ButtonsPage() {
 
 void FormLoader::Unload() {
   FormControls& controls = form_.controls;
+  controls.pcWork.Clear();
+  controls.pcSource.Clear();
   controls.lblCaption.UnloadAll();
   controls.txtSource.UnloadAll();
   controls.txtTarget.UnloadAll();

@@ -64,6 +64,7 @@ frmMain::frmMain(ControlHost& controlHost, clsErrorDisplay& errorDisplay)
     : Form(controlHost, "frmMain"),
       rooms_(std::make_unique<Rooms>(controlHost, *this, errorDisplay)) {
   rooms_->panes.Create();
+  WireAreas();
   WireDrags();
   WireScrolling();
   WirePages();
@@ -124,6 +125,12 @@ void frmMain::Form_Unload() {
     rooms_->loader.Unload();
     core().layout = {};
   });
+}
+
+void frmMain::WireAreas() {
+  AreaRefresh& refresh = rooms_->refresh;
+  core().controls.pcWork.onPaint = [&refresh] { refresh.PaintWorkArea(); };
+  core().controls.pcSource.onPaint = [&refresh] { refresh.PaintSourceArea(); };
 }
 
 void frmMain::WireDrags() {

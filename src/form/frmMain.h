@@ -45,6 +45,7 @@ class frmMain : public Form, private EventSink {
   struct Rooms;
 
   void OnEvent(std::int32_t dispatchId, std::span<Variant> arguments) override;
+  void WireAreas();
   void WireDrags();
   void WireScrolling();
   void WirePages();

@@ -200,12 +200,20 @@ TEST(ChangeBuffer, SendsWhatIsDrawnOverTheRest) {
        "surface pc 1 0 2"},
       {"then only what is new", [&] { line(3, 0); }, "surface pc 0 0 1"},
       {"a line over an equal one is new", [&] { line(1, 0xFF); }, "surface pc 0 0 1"},
-      {"and may be replaced before it was sent",
+      {"what is stale is painted once, whatever else was drawn",
        [&] {
+         box.onPaint = [&box] { box.DrawLine({0, 1}, {9, 1}, 1, 0); };
+         box.Invalidate();
          line(2, 0xFF);
-         line(2, 0);
+         box.Invalidate();
        },
-       "surface pc 0 0 1"},
+       "surface pc 1 0 1"},
+      {"what is drawn then is sent by itself", [&] { line(2, 0); }, "surface pc 0 0 1"},
+      {"until there is much of it",
+       [&] {
+         for (int i = 0; i < 200; ++i) line(3, 0);
+       },
+       "surface pc 1 0 1"},
       {"a cleared box begins anew",
        [&] {
          box.Clear();

@@ -1,5 +1,8 @@
 #include "form/interaction/Drawing.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace zav {
 namespace {
 
@@ -93,18 +96,36 @@ void Drawing::ShowCallouts(bool visible) {
   }
 }
 
-void Drawing::HighlightTarget(int target) {
+void Drawing::FrameTarget(int target) {
   const PictureButton& picture = form_.controls.imgTarget[target];
-  ShowCallouts(false);
   DrawItemFrame(CoordinateMode::Pixels, form_.controls.pcWork, picture,
                 form_.tables.GroupOf(picture.tag()), frame::kHighlightPen, frame::kHighlightColor);
+}
+
+void Drawing::FrameSource(int source) {
+  const PictureButton& picture = form_.controls.imgSource[source];
+  DrawItemFrame(CoordinateMode::Twips, form_.controls.pcSource, picture,
+                form_.tables.GroupOf(picture.tag()), frame::kHighlightPen, frame::kHighlightColor);
+}
+
+void Drawing::HighlightTarget(int target) {
+  std::vector<int>& framed = form_.drag.FramedTargets;
+  ShowCallouts(false);
+  FrameTarget(target);
+  if (std::find(framed.begin(), framed.end(), target) == framed.end()) framed.push_back(target);
   ShowCallouts(true);
+}
+
+void Drawing::HighlightSource(int source) {
+  FrameSource(source);
+  form_.drag.FramedSource = source;
 }
 
 void Drawing::EraseTargetHighlight(int target) {
   const PictureButton& picture = form_.controls.imgTarget[target];
   const clsGroup& group = form_.tables.GroupOf(picture.tag());
   ShowCallouts(false);
+  std::erase(form_.drag.FramedTargets, target);
   DrawItemFrame(CoordinateMode::Pixels, form_.controls.pcWork, picture, group, frame::kErasePen,
                 color::kWhite);
   DrawTargetWell(form_.controls.pcWork, picture, group);

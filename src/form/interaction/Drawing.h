@@ -38,6 +38,12 @@ class Drawing {
   // Callouts are taken away while something is drawn under them.
   void ShowCallouts(bool visible);
 
+  // The highlight frames alone.
+  void FrameTarget(int target);
+  void FrameSource(int source);
+
+  // A source item's highlight frame goes when its area is refreshed.
+  void HighlightSource(int source);
   // A target's highlight frame, and the target as it looks without one.
   void HighlightTarget(int target);
   void EraseTargetHighlight(int target);

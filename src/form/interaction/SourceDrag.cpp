@@ -72,7 +72,7 @@ void SourceDrag::SourceDragStart(int index, float /*x*/, float /*y*/) {
     const PictureButton& cover = controls.imgSourceCover[index];
     rooms_.picture.MoveTo({pane.x + cover.left() - controls.scrSource.scrollX(),
                            pane.y + cover.top() - controls.scrSource.scrollY()});
-    DrawFrame(index, frame::kHighlightPen, frame::kHighlightColor);
+    rooms_.drawing.HighlightSource(index);
     const int groups = static_cast<int>(form_.tables.GroupList.Count());
     for (int k = 1; k <= groups; ++k) controls.txtSourceHeading[k].BringToFront();
     rooms_.picture.Show();
@@ -128,7 +128,6 @@ void SourceDrag::ShowDragEnded(int index) {
   form_.Trap("SourceMouseUp", [&] {
     form_.controls.imgSourceCover[index].SetPointer(Pointer::Default);
     SetItemPointer(index, Pointer::Default);
-    DrawFrame(index, frame::kErasePen, color::kWhite);
     rooms_.refresh.RefreshSourceArea();
     rooms_.refresh.RefreshWorkArea();
   });
@@ -169,12 +168,6 @@ bool SourceDrag::Accepts(int target, int index) const {
 
 bool SourceDrag::Holds(int target, int index) const {
   return FindSource(form_, form_.tables.TargetList.Item(target).SourceID) == index;
-}
-
-void SourceDrag::DrawFrame(int index, int penWidth, std::int32_t color) {
-  const PictureButton& picture = form_.controls.imgSource[index];
-  rooms_.drawing.DrawItemFrame(CoordinateMode::Twips, form_.controls.pcSource, picture,
-                               form_.tables.GroupOf(picture.tag()), penWidth, color);
 }
 
 void SourceDrag::SetCoverPointer(int index, const PictureBox& hand) {

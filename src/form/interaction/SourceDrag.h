@@ -32,7 +32,6 @@ class SourceDrag {
   void ShowDragEnded(int index);
   [[nodiscard]] bool Accepts(int target, int index) const;
   [[nodiscard]] bool Holds(int target, int index) const;
-  void DrawFrame(int index, int penWidth, std::int32_t color);
   void SetCoverPointer(int index, const PictureBox& hand);
   void SetItemPointer(int index, Pointer pointer);
 

@@ -22,7 +22,7 @@ const PICTURE = 2;
  */
 
 /**
- * Without those that a later one hides, as PictureBox.cpp has it.
+ * Without those that a later one hides.
  * @param {Shape[]} shapes
  */
 function withoutHidden(shapes) {
