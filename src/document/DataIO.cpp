@@ -111,6 +111,7 @@ DataIO::NodeId DataIO::ParseFile(const std::string& path) {
 }
 
 void DataIO::Clear() {
+  ++revision_;
   if (root_ != XmlTree::kNone) tree_.Remove(root_);
   root_ = XmlTree::kNone;
   cursor_ = XmlTree::kNone;
@@ -131,17 +132,14 @@ bool DataIO::MoveToParent() { return MoveTo(tree_.At(cursor_).parent); }
 bool DataIO::FindNode(std::string_view name) { return MoveTo(FindInScope(name)); }
 
 DataIO::NodeId DataIO::FindInScope(std::string_view name) const {
-  const NodeId top = fromRoot_ ? root_ : cursor_;
-  for (NodeId node = top; node != XmlTree::kNone; node = tree_.NextBelow(top, node)) {
-    if (tree_.At(node).isElement && tree_.At(node).content == name) return node;
-  }
-  return XmlTree::kNone;
+  return tree_.FindElement(fromRoot_ ? root_ : cursor_, name);
 }
 
 bool DataIO::RemoveNode(std::string_view name) {
   const NodeId node = FindInScope(name);
   if (node == XmlTree::kNone) return false;
   const NodeHandle cursor = GetCurrentNode();
+  ++revision_;
   tree_.Remove(node);
   if (node == root_) root_ = XmlTree::kNone;
   SetCurrentNode(cursor);
@@ -155,7 +153,17 @@ bool DataIO::InsertXml(std::string_view parent, std::string_view fragment) {
     tree_.Remove(element);
     return false;
   }
+  ++revision_;
   tree_.AppendChild(above, element);
+  return true;
+}
+
+bool DataIO::InsertCopy(std::string_view parent, const DataIO& source, std::string_view name) {
+  const NodeId copied = source.tree_.FindElement(source.root_, name);
+  const NodeId above = FindInScope(parent);
+  if (copied == XmlTree::kNone || above == XmlTree::kNone) return false;
+  ++revision_;
+  tree_.AppendChild(above, tree_.AddCopy(source.tree_, copied));
   return true;
 }
 
@@ -164,6 +172,7 @@ bool DataIO::AddNode(std::string_view parent, std::string_view name) {
   const NodeId above = FindInScope(parent);
   if (above == XmlTree::kNone) return false;
   const NodeId added = tree_.AddElement(name);
+  ++revision_;
   tree_.AppendChild(above, added);
   return MoveTo(added);
 }
@@ -186,6 +195,7 @@ bool DataIO::SetAttribute(std::string_view name, std::string_view value) {
   RequireXmlCharacters(value);
   if (cursor_ == XmlTree::kNone) return false;
   if (!HasAttribute(name)) RequireXmlName(name);
+  ++revision_;
   tree_.SetAttribute(cursor_, name, value);
   return true;
 }
@@ -200,6 +210,7 @@ bool DataIO::SetText(std::string_view text) {
   RequireXmlCharacters(text);
   if (cursor_ == XmlTree::kNone) return false;
   const NodeId added = text.empty() ? XmlTree::kNone : tree_.AddText(text);
+  ++revision_;
   tree_.RemoveChildren(cursor_);
   if (added != XmlTree::kNone) tree_.AppendChild(cursor_, added);
   return true;

@@ -58,6 +58,9 @@ class DataIO : public Object {
   bool RemoveNode(std::string_view name);
   // Appends the fragment, which is one element, to the element named parent. Raises as LoadXml.
   bool InsertXml(std::string_view parent, std::string_view fragment);
+  // Appends a copy of the first element of that name in the source to the element named parent;
+  // False where either is missing. The documents are two.
+  bool InsertCopy(std::string_view parent, const DataIO& source, std::string_view name);
   // Appends an empty element to the element named parent; the cursor moves to it. Raises 5 for a
   // name that XML does not allow there.
   bool AddNode(std::string_view parent, std::string_view name);
@@ -86,6 +89,9 @@ class DataIO : public Object {
   [[nodiscard]] OptionalText GetChildAttributeByName(std::string_view child,
                                                      std::string_view name) const;
 
+  // Another number after every change of the document.
+  [[nodiscard]] std::uint64_t Revision() const { return revision_; }
+
   // A handle to an element that is no longer in the document moves the cursor to the document
   // element.
   void SetCurrentNode(NodeHandle node);
@@ -109,6 +115,7 @@ class DataIO : public Object {
   NodeId root_ = XmlTree::kNone;
   NodeId cursor_ = XmlTree::kNone;
   bool fromRoot_ = true;
+  std::uint64_t revision_ = 0;
 };
 
 using DataIORef = std::shared_ptr<DataIO>;

@@ -4,6 +4,18 @@
 #include <utility>
 
 namespace zav {
+namespace {
+
+// What is the node's own, without its place in a tree.
+XmlTree::Node Bare(const XmlTree::Node& node) {
+  XmlTree::Node bare;
+  bare.isElement = node.isElement;
+  bare.content = node.content;
+  bare.attributes = node.attributes;
+  return bare;
+}
+
+}  // namespace
 
 XmlTree::XmlTree() : nodes_(1) {}
 
@@ -21,13 +33,33 @@ XmlTree::NodeId XmlTree::AddText(std::string_view text) {
   return Add(std::move(node));
 }
 
+XmlTree::NodeId XmlTree::AddCopy(const XmlTree& source, NodeId top) {
+  const NodeId copy = Add(Bare(source.At(top)));
+  NodeId from = top;
+  NodeId to = copy;  // the copy of what was copied last
+  for (NodeId next = source.NextBelow(top, top); next != kNone;
+       next = source.NextBelow(top, next)) {
+    for (; from != source.At(next).parent; from = source.At(from).parent) to = nodes_[to].parent;
+    const NodeId added = Add(Bare(source.At(next)));
+    AppendChild(to, added);
+    from = next;
+    to = added;
+  }
+  return copy;
+}
+
 XmlTree::NodeId XmlTree::Add(Node node) {
   node.serial = ++lastSerial_;
   if (free_.empty()) {
-    nodes_.push_back(std::move(node));
-    return static_cast<NodeId>(nodes_.size() - 1);
+    nodes_.emplace_back();
+    free_.push_back(static_cast<NodeId>(nodes_.size() - 1));
   }
   const NodeId id = free_.back();
+  if (node.isElement) {
+    auto named = named_.find(node.content);
+    if (named == named_.end()) named = named_.emplace(node.content, Named()).first;
+    named->second.only = ++named->second.count == 1 ? id : kNone;
+  }
   nodes_[id] = std::move(node);
   free_.pop_back();
   return id;
@@ -83,15 +115,20 @@ void XmlTree::RemoveChildren(NodeId node) {
 
 void XmlTree::Unlink(NodeId node) {
   const Node& gone = nodes_[node];
-  lastChild_ = {};
   if (gone.parent == kNone) return;
   Node& above = nodes_[gone.parent];
+  above.askedChild = kNone;
   (gone.previous == kNone ? above.firstChild : nodes_[gone.previous].next) = gone.next;
   (gone.next == kNone ? above.lastChild : nodes_[gone.next].previous) = gone.previous;
   if (gone.isElement) --above.childElements;
 }
 
 void XmlTree::Free(NodeId node) {
+  if (nodes_[node].isElement) {
+    Named& named = named_.find(nodes_[node].content)->second;
+    --named.count;
+    named.only = kNone;
+  }
   nodes_[node] = Node();
   free_.push_back(node);
 }
@@ -104,17 +141,50 @@ const std::string* XmlTree::FindAttribute(NodeId element, std::string_view name)
 }
 
 XmlTree::NodeId XmlTree::ChildElement(NodeId parent, std::int32_t index) const {
-  if (index < 0 || index >= nodes_[parent].childElements) return kNone;
-  const bool goesOn =
-      lastChild_.parent == parent && lastChild_.child != kNone && lastChild_.index <= index;
-  NodeId child = goesOn ? lastChild_.child : nodes_[parent].firstChild;
-  std::int32_t position = goesOn ? lastChild_.index : 0;
-  while (!nodes_[child].isElement || position < index) {
-    if (nodes_[child].isElement) ++position;
-    child = nodes_[child].next;
-  }
-  lastChild_ = {parent, index, child};
+  const Node& above = nodes_[parent];
+  if (index < 0 || index >= above.childElements) return kNone;
+  const bool goesOn = above.askedChild != kNone && index >= above.askedIndex / 2;
+  NodeId child = goesOn ? above.askedChild : above.firstChild;
+  if (!nodes_[child].isElement) child = NextElement(child);
+  std::int32_t position = goesOn ? above.askedIndex : 0;
+  for (; position < index; ++position) child = NextElement(child);
+  for (; position > index; --position) child = PreviousElement(child);
+  above.askedChild = child;
+  above.askedIndex = index;
   return child;
+}
+
+XmlTree::NodeId XmlTree::NextElement(NodeId child) const {
+  do {
+    child = nodes_[child].next;
+  } while (!nodes_[child].isElement);
+  return child;
+}
+
+XmlTree::NodeId XmlTree::PreviousElement(NodeId child) const {
+  do {
+    child = nodes_[child].previous;
+  } while (!nodes_[child].isElement);
+  return child;
+}
+
+XmlTree::NodeId XmlTree::FindElement(NodeId top, std::string_view name) const {
+  const auto named = named_.find(name);
+  if (named == named_.end() || named->second.count == 0) return kNone;
+  if (named->second.only != kNone) {
+    return StandsIn(top, named->second.only) ? named->second.only : kNone;
+  }
+  NodeId node = top;
+  while (node != kNone && !(nodes_[node].isElement && nodes_[node].content == name)) {
+    node = NextBelow(top, node);
+  }
+  if (named->second.count == 1) named->second.only = node;
+  return node;
+}
+
+bool XmlTree::StandsIn(NodeId top, NodeId node) const {
+  while (node != top && node != kNone) node = nodes_[node].parent;
+  return node != kNone;
 }
 
 XmlTree::NodeId XmlTree::NextBelow(NodeId top, NodeId node) const {

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,13 +42,18 @@ class XmlTree {
     NodeId lastChild = kNone;
     std::int32_t childElements = 0;
     std::uint64_t serial = 0;  // never used twice
+
+    // The child element that was asked for last; none after one was removed.
+    mutable NodeId askedChild = kNone;
+    mutable std::int32_t askedIndex = 0;
   };
 
   XmlTree();
 
-  // Both make a node that has no parent yet.
+  // These make a node that has no parent yet; a copy has everything below it.
   NodeId AddElement(std::string_view name, std::vector<XmlAttribute> attributes = {});
   NodeId AddText(std::string_view text);
+  NodeId AddCopy(const XmlTree& source, NodeId node);
   // Child must have no parent.
   void AppendChild(NodeId parent, NodeId child);
   // Adds to the text that ends the element, or to a new one.
@@ -59,11 +66,14 @@ class XmlTree {
   [[nodiscard]] const Node& At(NodeId node) const { return nodes_[node]; }
   // Null when the element has no such attribute.
   [[nodiscard]] const std::string* FindAttribute(NodeId element, std::string_view name) const;
-  // The child element at that position from 0, or none. Walking through the positions upwards
-  // takes constant time for each.
+  // The child element at that position from 0, or none. Walking through the positions, upwards or
+  // downwards, takes constant time for each, whatever else is asked for in between.
   [[nodiscard]] NodeId ChildElement(NodeId parent, std::int32_t index) const;
   // The node after this one in document order, or none after the last one below top.
   [[nodiscard]] NodeId NextBelow(NodeId top, NodeId node) const;
+  // The first element of that name in document order that is top or stands below it, or none. Takes
+  // no longer for a large tree where the store has one such element only.
+  [[nodiscard]] NodeId FindElement(NodeId top, std::string_view name) const;
   // The texts below the node, one after the other.
   [[nodiscard]] std::string TextOf(NodeId node) const;
 
@@ -72,20 +82,22 @@ class XmlTree {
   [[nodiscard]] NodeId NodeOf(NodeHandle handle) const;
 
  private:
-  struct ChildPlace {
-    NodeId parent = kNone;
-    std::int32_t index = 0;
-    NodeId child = kNone;
+  struct Named {
+    std::int32_t count = 0;
+    NodeId only = kNone;  // while the count is 1; none when that is not known
   };
 
   NodeId Add(Node node);
+  [[nodiscard]] NodeId NextElement(NodeId child) const;
+  [[nodiscard]] NodeId PreviousElement(NodeId child) const;
+  [[nodiscard]] bool StandsIn(NodeId top, NodeId node) const;
   void Unlink(NodeId node);
   void Free(NodeId node);
 
   std::deque<Node> nodes_;  // by id; a free one has serial 0
   std::vector<NodeId> free_;
   std::uint64_t lastSerial_ = 0;
-  mutable ChildPlace lastChild_;  // found by ChildElement; none after a change of the trees
+  mutable std::map<std::string, Named, std::less<>> named_;  // elements by their names
 };
 
 }  // namespace zav

@@ -195,7 +195,7 @@ void clsDragDrop::ScoreState(ScoreCounts& counts, ScoredDocument scored) {
   document.SetFromRoot(true);
   const DataIORef engineDocument = EngineDocument();
   if (scored == ScoredDocument::WholeItem) {
-    engineDocument->LoadXml(document.GetXml());
+    GiveWholeItem(engineDocument);
   } else {
     engineDocument->LoadXml(document.GetNodeXml("State"));
     engineDocument->InsertXml("State", document.GetNodeXml("Answers"));
@@ -229,8 +229,27 @@ bool clsDragDrop::RescoreExternalDisplayQuick(const SafeArray& arResponse, std::
 }
 
 void clsDragDrop::Rescore(const std::string& stateXml, ScoreCounts& counts) {
+  const bool itemIsKnown = DataIO().Revision() == rescored_.itemRevision;
   ReplaceState(stateXml);
+  if (!itemIsKnown) rescored_ = {};
   ScoreState(counts, ScoredDocument::WholeItem);
+}
+
+// Where the engine's document still is what the last rescoring left, and the item was that but for
+// its state, the state alone has to be replaced there too.
+void clsDragDrop::GiveWholeItem(const DataIORef& engineDocument) {
+  const bool isKnown = rescored_.engineDocument.lock() == engineDocument &&
+                       rescored_.engineRevision == engineDocument->Revision();
+  if (isKnown) {
+    const CursorScope keep(*engineDocument);
+    engineDocument->SetFromRoot(true);
+    engineDocument->RemoveNode("State");
+    engineDocument->InsertCopy("DragAndDropItem", DataIO(), "State");
+  } else {
+    engineDocument->LoadXml(DataIO().GetXml());
+  }
+  engineDocument->MoveToTop();
+  rescored_ = {engineDocument, engineDocument->Revision(), DataIO().Revision()};
 }
 
 }  // namespace zav

@@ -163,6 +163,7 @@ class clsDragDrop : public Object,
   enum class ScoredDocument { StateWithKey, WholeItem };
   void ScoreState(ScoreCounts& counts, ScoredDocument scored);
   void Rescore(const std::string& stateXml, ScoreCounts& counts);
+  void GiveWholeItem(const DataIORef& engineDocument);
 
   std::weak_ptr<void> keeper_;
   ControlHost controlHost_;
@@ -174,6 +175,12 @@ class clsDragDrop : public Object,
   ObjectRef moExternalSupport_;
   DataIORef moDataIO_;
   std::shared_ptr<ScoringEngine> moScoreEngine_;
+  // What the last rescoring left: the engine's document with the whole item in it.
+  struct {
+    std::weak_ptr<zav::DataIO> engineDocument;
+    std::uint64_t engineRevision = 0;
+    std::uint64_t itemRevision = 0;
+  } rescored_;
   std::unique_ptr<clsStatus> moStatus_;
   std::unique_ptr<clsErrorDisplay> moErrorDisplay_;
   std::string msStaticPath_;

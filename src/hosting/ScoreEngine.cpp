@@ -8,7 +8,6 @@
 #include "automation/Conversions.h"
 #include "automation/MemberTable.h"
 #include "automation/Text.h"
-#include "keys/WeightedKeys.h"
 
 namespace zav {
 
@@ -75,17 +74,28 @@ MemberTable<ScoreEngine> Members() {
 ScoreEngine::ScoreEngine(Log log) : log_(log) {}
 
 Variant ScoreEngine::CalculateScore() {
-  WeightedKeys keys;
+  const Compiled& compiled = Compile();
+  for (const std::string& fault : compiled.faults) Tell(fault);
+  return compiled.keys.RawScore(ReadResponses(RequireDocument(document_), compiled.keys));
+}
+
+const ScoreEngine::Compiled& ScoreEngine::Compile() {
+  std::vector<Answer> answers = ReadAnswers();
+  if (compiled_ && compiled_->answers == answers) return *compiled_;
+  auto compiled = std::make_unique<Compiled>();
   int number = 0;
-  for (const Answer& answer : ReadAnswers()) {
+  for (const Answer& answer : answers) {
     ++number;
-    if (const auto fault = keys.Add(answer.expression, answer.weight)) {
-      Tell(Concatenate({"The key ", Quote(answer.expression), " of answer ", std::to_string(number),
-                        " is not well formed: ", fault->reason, ", character ",
-                        std::to_string(fault->position)}));
+    if (const auto fault = compiled->keys.Add(answer.expression, answer.weight)) {
+      compiled->faults.push_back(
+          Concatenate({"The key ", Quote(answer.expression), " of answer ", std::to_string(number),
+                       " is not well formed: ", fault->reason, ", character ",
+                       std::to_string(fault->position)}));
     }
   }
-  return keys.RawScore(ReadResponses(RequireDocument(document_), keys));
+  compiled->answers = std::move(answers);
+  compiled_ = std::move(compiled);
+  return *compiled_;
 }
 
 Variant ScoreEngine::MaxScore() {

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,6 +20,7 @@
 #include "automation/Handler.h"
 #include "automation/Object.h"
 #include "host/ScoringEngine.h"
+#include "keys/WeightedKeys.h"
 
 namespace zav {
 
@@ -49,14 +51,24 @@ class ScoreEngine : public Object, public ScoringEngine {
   struct Answer {
     std::string expression;
     double weight;
+
+    bool operator==(const Answer&) const = default;
+  };
+  // The keys of the answers that were scored last, kept as long as they are the same.
+  struct Compiled {
+    std::vector<Answer> answers;
+    WeightedKeys keys;
+    std::vector<std::string> faults;
   };
 
   std::vector<Answer> ReadAnswers();
+  const Compiled& Compile();
   double ReadWeight(const Variant& weight, std::int32_t index);
   void Tell(const std::string& message) const;
 
   DataIORef document_;
   Log log_;
+  std::unique_ptr<Compiled> compiled_;
 };
 
 // Makes the engine known under kScoreEngineProgId; every engine created there writes to the log.
