@@ -7,6 +7,7 @@
 namespace zav {
 
 void RichText::SetContent(bool isHtml, std::string text) {
+  if (isHtml_ != isHtml || content_ != text) measure_.reset();
   isHtml_ = isHtml;
   Set(content_, std::move(text), change::kContent);
 }
@@ -20,14 +21,22 @@ void RichText::Load(std::string exported) {
   SetContent(isHtml, std::move(exported));
 }
 
+void RichText::LoadFrom(const RichText& other) {
+  SetContent(other.isHtml_, other.content_);
+  measure_ = other.measure_;
+}
+
 float RichText::ContentHeightTwips() const { return ContentHeightTwips(SizeInTwips().width); }
 
 float RichText::ContentHeightTwips(float widthTwips) const {
   if (content_.empty()) return 0;
   const TwipsPerPixel twips = host().twipsPerPixel();
   const int widthPixels = static_cast<int>(widthTwips / static_cast<float>(twips.x));
-  const int height = host().services().RichTextHeight({isHtml_, content_, font()}, widthPixels);
-  return static_cast<float>(height * twips.y);
+  if (!measure_ || measure_->widthPixels != widthPixels || measure_->font != font()) {
+    measure_ = {widthPixels, font(),
+                host().services().RichTextHeight({isHtml_, content_, font()}, widthPixels)};
+  }
+  return static_cast<float>(measure_->heightPixels * twips.y);
 }
 
 }  // namespace zav

@@ -2,6 +2,7 @@
 // it in a form that it can load back.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "controls/Control.h"
@@ -21,6 +22,8 @@ class RichText : public Control {
   // beginning, as everywhere in an item.
   [[nodiscard]] const std::string& Export() const { return content_; }
   void Load(std::string exported);
+  // Takes over what the other holds and how high that was when it was measured last.
+  void LoadFrom(const RichText& other);
 
   [[nodiscard]] bool IsHtmlContent() const { return isHtml_; }
   [[nodiscard]] bool HasText() const { return !content_.empty(); }
@@ -33,8 +36,16 @@ class RichText : public Control {
  private:
   void SetContent(bool isHtml, std::string text);
 
+  // The height that the content took when it was measured last.
+  struct Measure {
+    int widthPixels = 0;
+    Font font;
+    int heightPixels = 0;
+  };
+
   bool isHtml_ = false;
   std::string content_;
+  mutable std::optional<Measure> measure_;  // none since the content changed
 };
 
 }  // namespace zav

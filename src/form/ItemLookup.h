@@ -12,8 +12,6 @@ namespace zav {
 int FindSource(const FormCore& form, std::string_view answerValue);
 // The same by the number that a target's record keeps.
 int FindSource(const FormCore& form, std::int16_t sourceId);
-// On how many targets the items with that answer value are.
-int CountPlacements(const FormCore& form, std::string_view answerValue);
 // The first target whose answer field begins with the first character of response; 0 for none.
 int FindTarget(const FormCore& form, std::string_view response);
 

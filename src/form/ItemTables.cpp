@@ -1,5 +1,7 @@
 #include "form/ItemTables.h"
 
+#include <optional>
+
 #include "automation/AutomationError.h"
 #include "automation/Conversions.h"
 #include "document/ItemTag.h"
@@ -14,7 +16,31 @@ float Pixels(OptionalText authored, std::int16_t twipsPerPixel) {
   return ToSingle(authored) / static_cast<float>(twipsPerPixel);
 }
 
+// What the author wrote as an answer value need not be a number.
+std::optional<std::int16_t> NumberOf(const std::string& answer) {
+  try {
+    return ToInt16(answer);
+  } catch (const AutomationError&) {
+    return std::nullopt;
+  }
+}
+
+template <typename Key>
+std::int32_t Value(const std::map<Key, std::int32_t>& values, const Key& key) {
+  const auto found = values.find(key);
+  return found == values.end() ? 0 : found->second;
+}
+
 }  // namespace
+
+void SourceIndex::Add(const std::string& answer, std::int32_t source) {
+  texts_.emplace(answer, source);
+  if (const auto number = NumberOf(answer)) numbers_.emplace(*number, source);
+}
+
+std::int32_t SourceIndex::Find(const std::string& answer) const { return Value(texts_, answer); }
+
+std::int32_t SourceIndex::Find(std::int16_t number) const { return Value(numbers_, number); }
 
 std::int16_t& SourceUsesTable::operator()(int source, int column) {
   if (source < 0 || source >= static_cast<int>(uses_.size()) || column < 0 || column > 2) {
@@ -35,6 +61,18 @@ clsGroup& ItemTables::GroupOf(std::string_view tag) { return GroupList.Item(GetG
 
 const clsGroup* ItemTables::FindGroup(std::string_view tag) const {
   return GroupList.Find(GetGroupId(tag));
+}
+
+void ItemTables::Place(int target, std::int16_t sourceId) {
+  std::int16_t& placed = TargetList.Item(target).SourceID;
+  if (placed != 0) --placed_[placed];
+  placed = sourceId;
+  if (placed != 0) ++placed_[placed];
+}
+
+std::int32_t ItemTables::CountPlaced(const std::string& answer) const {
+  const auto number = NumberOf(answer);
+  return number ? Value(placed_, *number) : 0;
 }
 
 const std::string& ItemTables::SourceText(int source) const {

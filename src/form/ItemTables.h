@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,9 +37,25 @@ struct ShapeSegment {
   std::int32_t drawColor = 0;
 };
 
+// Source items by their answer values; of several with the same value the first that was added.
+class SourceIndex {
+ public:
+  void Add(const std::string& answer, std::int32_t source);
+  // 0 where there is none.
+  [[nodiscard]] std::int32_t Find(const std::string& answer) const;
+  // The same for the number that an answer value converts to.
+  [[nodiscard]] std::int32_t Find(std::int16_t number) const;
+
+ private:
+  std::map<std::string, std::int32_t> texts_;
+  std::map<std::int16_t, std::int32_t> numbers_;
+};
+
 struct ItemTables {
   KeyedList<clsTarget> TargetList;  // position: index of the target's controls
   KeyedList<clsGroup> GroupList;
+  SourceIndex Sources;
+  std::map<std::string, std::int32_t> TargetsByLetter;  // the first character of answer values
   SourceUsesTable SourceUses;
   std::vector<std::string> SourceTexts;  // formatted texts, in source order
   std::vector<ShapeSegment> ShapeSegments;
@@ -59,10 +76,18 @@ struct ItemTables {
   clsGroup& GroupOf(std::string_view tag);
   // The same; null for a group that is not there, as in an item whose groups were not all built.
   [[nodiscard]] const clsGroup* FindGroup(std::string_view tag) const;
+  // Puts the source item of that number on the target; 0 takes what is there off.
+  void Place(int target, std::int16_t sourceId);
+  // On how many targets the source items with that answer value are.
+  [[nodiscard]] std::int32_t CountPlaced(const std::string& answer) const;
+
   // The formatted text of a source item. Raises 9 for an index that has none.
   const std::string& SourceText(int source) const;
 
   void Clear();
+
+ private:
+  std::map<std::int16_t, std::int32_t> placed_;  // how often each source item is on a target
 };
 
 }  // namespace zav

@@ -117,6 +117,7 @@ void SourceArea::LoadSource(int source) {
   text.SetWidth(static_cast<float>(entry.group->ItemWidth));
   text.Load(entry.text);
   form_.tables.SourceTexts.push_back(text.Export());
+  form_.tables.Sources.Add(GetAnswerId(entry.tag), source);
   entry.group->Sources.push_back(&text);
 }
 

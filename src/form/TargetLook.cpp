@@ -32,9 +32,9 @@ void TargetLook::ArrangeHolding(int target, bool holdsItem) {
   controls.imgTargetCover[target].Move(whole);
 }
 
-void TargetLook::ShowItem(int target, PictureRef picture, const std::string& text) {
-  form_.controls.imgTarget[target].SetPicture(std::move(picture));
-  form_.controls.txtTarget[target].Load(text);
+void TargetLook::ShowItem(int target, int source) {
+  form_.controls.imgTarget[target].SetPicture(form_.controls.imgSource[source].picture());
+  form_.controls.txtTarget[target].LoadFrom(form_.controls.txtSource[source]);
   ArrangeHolding(target, true);
 }
 

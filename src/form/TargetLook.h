@@ -14,8 +14,8 @@ class TargetLook {
   // Sizes and places the target's controls from its group's item size. A target whose group was not
   // built stays without a size.
   void Arrange(int target);
-  // The item on the target: its picture (or null) and its exported text (or "").
-  void ShowItem(int target, PictureRef picture, const std::string& text);
+  // The source item on the target: its picture and its text, where it has them.
+  void ShowItem(int target, int source);
   // The target without an item: the group's picture for that (or null), and its caption.
   void ShowEmpty(int target, PictureRef emptyPicture);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "automation/Conversions.h"
+#include "automation/Text.h"
 #include "document/ItemTag.h"
 #include "form/AuthoredFont.h"
 #include "form/ChromePages.h"
@@ -159,6 +160,8 @@ void WorkArea::LoadTarget(int entry) {
   record.GroupId = ToInt16(document.GetChildAttribute(entry, "GroupID"));
   record.TargetID = ToInt16(document.GetChildAttribute(entry, "TargetID"));
   form_.tables.TargetList.Add(std::move(record), GetObjectId(tag));
+  const std::string letter(FirstCharacters(GetAnswerId(tag), 1));
+  if (!letter.empty()) form_.tables.TargetsByLetter.emplace(letter, target);
   controls.imgTarget.Load(target).MoveTo(left, top);
   controls.txtTarget.Load(target).SetHeight(0);
   controls.lblTargetCaption.Load(target);
@@ -246,19 +249,21 @@ void WorkArea::FindSnapAreas() {
   // Margins are shares of a target's size, so the targets get their size first.
   for (int t = 1; t <= count; ++t) targetLook_.Arrange(t);
   const std::vector<Rect> rects = TargetRects();
+  const SnapView below(rects, SnapDirection::Below);
+  const SnapView above(rects, SnapDirection::Above);
+  const SnapView left(rects, SnapDirection::Left);
+  const SnapView right(rects, SnapDirection::Right);
   for (int t = 1; t <= count; ++t) {
-    const auto limit = [&](SnapDirection direction) {
+    const auto limit = [&](const SnapView& view) {
       std::int32_t margin = 0;
-      form_.Trap("FindSnapLimit", [&] {
-        margin = FindSnapLimit(rects, static_cast<std::size_t>(t) - 1, direction);
-      });
+      form_.Trap("FindSnapLimit", [&] { margin = view.Limit(static_cast<std::size_t>(t) - 1); });
       return RoundToInt16(margin);
     };
     clsTarget& record = form_.tables.TargetList.Item(t);
-    record.SnapBottom = limit(SnapDirection::Below);
-    record.SnapTop = limit(SnapDirection::Above);
-    record.SnapLeft = limit(SnapDirection::Left);
-    record.SnapRight = limit(SnapDirection::Right);
+    record.SnapBottom = limit(below);
+    record.SnapTop = limit(above);
+    record.SnapLeft = limit(left);
+    record.SnapRight = limit(right);
   }
 }
 

@@ -63,7 +63,7 @@ TEST(SnapMargins, AreHalfTheTargetButNothingTowardsACloseNeighbour) {
       {"no such direction", {target}, static_cast<SnapDirection>(5), 19000},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(FindSnapLimit(row.targets, 0, row.direction), row.want) << row.why;
+    EXPECT_EQ(SnapView(row.targets, row.direction).Limit(0), row.want) << row.why;
   }
 }
 

@@ -16,8 +16,7 @@ struct Placement::Landing {
   std::string answerValue;  // of the item
   std::int16_t sourceId = 0;
   std::int16_t oldSourceId = 0;
-  PictureRef picture;
-  std::string text;
+  int source = 0;
 
   [[nodiscard]] std::string NewAnswer() const {
     return std::string(FirstCharacters(oldAnswer, 1)) + answerValue;
@@ -38,13 +37,11 @@ Placement::Landing Placement::Prepare(int target, const Control& dragged) const 
   landing.sourceId = ToInt16(landing.answerValue);
   landing.oldSourceId = form_.tables.TargetList.Item(target).SourceID;
   form_.tables.GroupOf(controls.imgTarget[target].tag());
-  const int source = isDragPicture ? FindSource(form_, landing.answerValue) : dragged.index();
-  if (source == 0) {
+  landing.source = isDragPicture ? FindSource(form_, landing.answerValue) : dragged.index();
+  if (landing.source == 0) {
     RaiseError(error_number::kIndexOutOfRange,
                {"No source item has the answer value ", landing.answerValue});
   }
-  landing.picture = controls.imgSource[source].picture();
-  landing.text = form_.tables.SourceText(source);
   return landing;
 }
 
@@ -54,10 +51,10 @@ void Placement::Apply(const Landing& landing) {
   rooms_.recorder.WriteStateResponse(landing.NewAnswer());
   form_.controls.lblTargetCaption[target].Hide();
   rooms_.feedback.RemoveHighlight();
-  form_.tables.TargetList.Item(target).SourceID = landing.sourceId;
+  form_.tables.Place(target, landing.sourceId);
   rooms_.targetLook.SetTag(
       target, SetAnswerId(form_.controls.imgTarget[target].tag(), landing.NewAnswer()));
-  rooms_.targetLook.ShowItem(target, landing.picture, landing.text);
+  rooms_.targetLook.ShowItem(target, landing.source);
   UpdateAnswerButton(target);
   if (landing.oldSourceId != 0) {
     const int replaced = FindSource(form_, landing.oldSourceId);
@@ -80,7 +77,7 @@ void Placement::EmptyTarget(int target) {
   const std::string ownAnswer(FirstCharacters(GetAnswerId(tag), 1));
   const std::int16_t heldId = form_.tables.TargetList.Item(target).SourceID;
   rooms_.targetLook.SetTag(target, SetAnswerId(tag, ownAnswer));
-  form_.tables.TargetList.Item(target).SourceID = 0;
+  form_.tables.Place(target, 0);
   UpdateAnswerButton(target);
   // A picture that cannot be had leaves the target without one, but empty.
   rooms_.targetLook.ShowEmpty(target, {});
@@ -117,7 +114,7 @@ void Placement::UpdateAnswerButton(int target) {
 void Placement::CheckSourceUses(int source) {
   form_.Trap("CheckSourceUses", [&] {
     const std::string answer = GetAnswerId(form_.controls.imgSource[source].tag());
-    const auto count = static_cast<std::int16_t>(CountPlacements(form_, answer));
+    const auto count = static_cast<std::int16_t>(form_.tables.CountPlaced(answer));
     form_.tables.SourceUses(source, 2) = count;
     form_.drag.SourceUsedUp = count >= form_.tables.SourceUses(source, 1);
     if (!form_.drag.SourceUsedUp && rooms_.sourceLook.LooksUsedUp(source)) {

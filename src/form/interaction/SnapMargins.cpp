@@ -9,17 +9,22 @@ namespace {
 
 constexpr std::int32_t kNoNeighbour = 19000;
 
-// A rectangle as seen along the axis of a direction: where it begins and ends on that axis, growing
-// towards the neighbour, and on the other.
-struct Span {
-  float nearEdge;
-  float farEdge;
-  float crossStart;
-  float crossEnd;
-  [[nodiscard]] float Length() const { return farEdge - nearEdge; }
-};
+}  // namespace
 
-Span Along(const Rect& rect, SnapDirection direction) {
+SnapView::SnapView(std::span<const Rect> targets, SnapDirection direction)
+    : isDirection_(direction >= SnapDirection::Below && direction <= SnapDirection::Right) {
+  const auto begins = [](const Extent& a, const Extent& b) { return a.nearEdge < b.nearEdge; };
+  for (const Rect& target : targets) {
+    targets_.push_back(Along(target, direction));
+    longest_ = std::max(longest_, targets_.back().Length());
+  }
+  ordered_ = targets_;
+  // By way of a heap: the code of std::sort is several times as long.
+  std::make_heap(ordered_.begin(), ordered_.end(), begins);
+  std::sort_heap(ordered_.begin(), ordered_.end(), begins);
+}
+
+SnapView::Extent SnapView::Along(const Rect& rect, SnapDirection direction) {
   switch (direction) {
     case SnapDirection::Below:
       return {rect.top, rect.Bottom(), rect.left, rect.Right()};
@@ -33,26 +38,27 @@ Span Along(const Rect& rect, SnapDirection direction) {
   return {rect.left, rect.Right(), rect.top, rect.Bottom()};
 }
 
-bool IsNeighbour(const Span& target, const Span& other) {
+bool SnapView::IsNeighbour(const Extent& target, const Extent& other) {
   return other.nearEdge >= target.farEdge && other.crossStart < target.crossEnd &&
          target.crossStart < other.crossEnd;
 }
 
-bool ZonesMeet(const Span& target, const Span& neighbour) {
+bool SnapView::ZonesMeet(const Extent& target, const Extent& neighbour) {
   return target.farEdge + target.Length() / 2 >= neighbour.nearEdge - neighbour.Length() / 2;
 }
 
-}  // namespace
-
-std::int32_t FindSnapLimit(std::span<const Rect> targets, std::size_t index,
-                           SnapDirection direction) {
-  if (direction < SnapDirection::Below || direction > SnapDirection::Right) return kNoNeighbour;
-  const Span target = Along(targets[index], direction);
+std::int32_t SnapView::Limit(std::size_t index) const {
+  if (!isDirection_) return kNoNeighbour;
+  const Extent& target = targets_[index];
   const std::int32_t half = RoundToInt32(target.Length() / 2);
-  for (std::size_t other = 0; other < targets.size(); ++other) {
-    if (other == index) continue;
-    const Span neighbour = Along(targets[other], direction);
-    if (IsNeighbour(target, neighbour) && ZonesMeet(target, neighbour)) return 0;
+  // Those that begin before the target ends are none, those that begin beyond the zone of the
+  // longest too far away.
+  const float beyond = target.farEdge + target.Length() / 2 + longest_ / 2;
+  auto other =
+      std::lower_bound(ordered_.begin(), ordered_.end(), target.farEdge,
+                       [](const Extent& each, float edge) { return each.nearEdge < edge; });
+  for (; other != ordered_.end() && other->nearEdge <= beyond; ++other) {
+    if (IsNeighbour(target, *other) && ZonesMeet(target, *other)) return 0;
   }
   return std::max(half, 0);
 }
