@@ -85,6 +85,7 @@ TEST(PictureFile, IsReadInEveryFormat) {
     ASSERT_EQ(picture->HeightPixels(), 24) << format.name;
     EXPECT_TRUE(IsNear(picture->pixels()[2], 0xFFFF0000)) << format.name;
     EXPECT_TRUE(IsNear(picture->pixels()[23 * 40 + 37], 0xFF0000FF)) << format.name;
+    EXPECT_EQ(OpenPicture(bytes, "flag")->pixels(), picture->pixels()) << format.name;
   }
 }
 
@@ -98,6 +99,10 @@ TEST(PictureFile, IsRefusedWhereverItIsCut) {
       const Raised raised = Catch([&] { DecodePicture({whole.data(), length}, "items/a.pic"); });
       EXPECT_EQ(raised.number, error_number::kInvalidPicture) << format.name << " at " << length;
       EXPECT_NE(raised.description.find("items/a.pic"), std::string::npos) << raised.description;
+      EXPECT_EQ(Catch([&] {
+                  OpenPicture({whole.data(), whole.data() + length}, "items/a.pic");
+                }).number,
+                error_number::kInvalidPicture);
     }
   }
 }

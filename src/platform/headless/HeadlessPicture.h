@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -11,16 +12,25 @@ namespace zav {
 
 class HeadlessPicture : public Picture {
  public:
-  // pixels: width times height values 0xAARRGGBB, rows from the top, each from the left. Alpha is
-  // 255 where the picture covers what is under it and 0 where it shows through; colours are not
-  // multiplied by it.
-  HeadlessPicture(int widthPixels, int heightPixels, std::vector<std::uint32_t> pixels)
-      : Picture(widthPixels, heightPixels), pixels_(std::move(pixels)) {}
+  // Width times height values 0xAARRGGBB, rows from the top, each from the left. Alpha is 255 where
+  // the picture covers what is under it and 0 where it shows through; colours are not multiplied by
+  // it.
+  using Pixels = std::vector<std::uint32_t>;
 
-  [[nodiscard]] const std::vector<std::uint32_t>& pixels() const { return pixels_; }
+  HeadlessPicture(int widthPixels, int heightPixels, Pixels pixels)
+      : Picture(widthPixels, heightPixels), pixels_(std::move(pixels)) {}
+  // Pixels that are made when they are wanted.
+  HeadlessPicture(int widthPixels, int heightPixels, std::function<Pixels()> make)
+      : Picture(widthPixels, heightPixels), make_(std::move(make)) {}
+
+  [[nodiscard]] const Pixels& pixels() const {
+    if (make_) pixels_ = std::exchange(make_, {})();
+    return pixels_;
+  }
 
  private:
-  std::vector<std::uint32_t> pixels_;
+  mutable Pixels pixels_;
+  mutable std::function<Pixels()> make_;
 };
 
 }  // namespace zav

@@ -72,8 +72,12 @@ TwipsPerPixel HeadlessPlatform::ScreenTwipsPerPixel() const {
 
 PictureRef HeadlessPlatform::LoadPicture(const std::string& path) {
   if (path.empty()) return {};
+  std::weak_ptr<const Picture>& shown = pictures_[path];
+  if (PictureRef picture = shown.lock()) return picture;
   // Pages write the names of the support pictures in a case of their own.
-  return DecodePicture(local_files::Read(local_files::FindIgnoringCase(path)), path);
+  PictureRef picture = OpenPicture(local_files::Read(local_files::FindIgnoringCase(path)), path);
+  shown = picture;
+  return picture;
 }
 
 PictureRef HeadlessPlatform::ResourcePicture(std::string_view tag) {

@@ -40,6 +40,16 @@ Argb ColorOf(const litehtml::web_color& color) {
          color.blue;
 }
 
+// The style sheet under every page, read once.
+const litehtml::css& HtmlStyleSheet() {
+  static const litehtml::css kSheet = [] {
+    litehtml::context context;
+    context.load_master_stylesheet(std::string(kHtmlStyle).c_str());
+    return context.master_css();
+  }();
+  return kSheet;
+}
+
 // Towards black for amounts below 1.
 Argb Darker(Argb color, float amount) {
   Argb darker = color & 0xFF000000U;
@@ -60,7 +70,8 @@ class HtmlLayout::Container final : public litehtml::document_container {
         margin_(std::clamp(options_.marginPixels, 0, kMostPixels)),
         width_(std::max(0, Bounded(widthPixels) - 2 * margin_)),
         height_(std::max(0, Bounded(heightPixels) - 2 * margin_)) {
-    context_.load_master_stylesheet((kHtmlStyle + RootStyle()).c_str());
+    context_.master_css() = HtmlStyleSheet();
+    context_.load_master_stylesheet(RootStyle().c_str());
     document_ = litehtml::document::createFromUTF8(BearableHtml(html).c_str(), this, &context_);
     document_->render(width_);
   }

@@ -4,6 +4,7 @@
 
 #include <new>
 #include <optional>
+#include <utility>
 
 #include "automation/AutomationError.h"
 #include "platform/headless/PictureHeader.h"
@@ -94,6 +95,24 @@ std::shared_ptr<const HeadlessPicture> DecodePicture(std::span<const std::uint8_
       header && CanBeHeld(*header) ? Decode(header->format, bytes) : Image(nullptr, nullptr);
   if (!image) throw AutomationError(error_number::kInvalidPicture, "Invalid picture: " + name);
   return std::make_shared<HeadlessPicture>(image->sx, image->sy, PixelsOf(*image));
+}
+
+std::shared_ptr<const HeadlessPicture> OpenPicture(std::vector<std::uint8_t> bytes,
+                                                   const std::string& name) {
+  const std::optional<PictureHeader> header = ReadPictureHeader(bytes);
+  if (!header || header->format != PictureFormat::Png || !CanBeHeld(*header) ||
+      !PngChecksumsHold(bytes)) {
+    return DecodePicture(bytes, name);
+  }
+  const auto make = [bytes = std::move(bytes), name]() -> HeadlessPicture::Pixels {
+    try {
+      return DecodePicture(bytes, name)->pixels();
+    } catch (const AutomationError&) {
+      return {};
+    }
+  };
+  return std::make_shared<HeadlessPicture>(static_cast<int>(header->width),
+                                           static_cast<int>(header->height), make);
 }
 
 std::vector<std::uint8_t> EncodeBitmap(const Picture& picture) {

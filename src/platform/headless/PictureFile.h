@@ -19,6 +19,12 @@ namespace zav {
 std::shared_ptr<const HeadlessPicture> DecodePicture(std::span<const std::uint8_t> bytes,
                                                      const std::string& name);
 
+// The same, but for the time when the pixels of a PNG are made: as its checksums tell whether it is
+// damaged, that waits until somebody wants them. One that is sound and yet cannot be read shows
+// nothing.
+std::shared_ptr<const HeadlessPicture> OpenPicture(std::vector<std::uint8_t> bytes,
+                                                   const std::string& name);
+
 // As an uncompressed bitmap of 24 bits to a pixel, over white where the picture lets through what
 // is under it. Raises 481 for a picture of another platform.
 std::vector<std::uint8_t> EncodeBitmap(const Picture& picture);

@@ -51,9 +51,28 @@ PictureHeader ReadBitmap(Bytes bytes) {
   return {PictureFormat::Bitmap, LittleEndian(bytes, 18, 4), Magnitude(LittleEndian(bytes, 22, 4))};
 }
 
+constexpr std::size_t kFirstPngPart = 8;
+
+constexpr std::array<std::uint32_t, 256> MakeChecksums() {
+  std::array<std::uint32_t, 256> sums{};
+  for (std::uint32_t byte = 0; byte < sums.size(); ++byte) {
+    std::uint32_t sum = byte;
+    for (int bit = 0; bit < 8; ++bit) sum = (sum & 1U) != 0 ? 0xEDB88320U ^ (sum >> 1U) : sum >> 1U;
+    sums[byte] = sum;
+  }
+  return sums;
+}
+
+std::uint32_t Checksum(Bytes bytes) {
+  static constexpr std::array<std::uint32_t, 256> kSums = MakeChecksums();
+  std::uint32_t sum = ~0U;
+  for (const std::uint8_t byte : bytes) sum = kSums[(sum ^ byte) & 0xFFU] ^ (sum >> 8U);
+  return ~sum;
+}
+
 PictureHeader ReadPng(Bytes bytes) {
   constexpr std::uint32_t kEnd = 0x49454E44;  // IEND
-  std::size_t at = 8;
+  std::size_t at = kFirstPngPart;
   while (BigEndian(bytes, at + 4, 4) != kEnd) at += 12 + std::size_t{BigEndian(bytes, at, 4)};
   return {PictureFormat::Png, BigEndian(bytes, 16, 4), BigEndian(bytes, 20, 4)};
 }
@@ -128,6 +147,20 @@ std::optional<PictureHeader> ReadPictureHeader(std::span<const std::uint8_t> byt
     return Read(bytes);
   } catch (const CutShort&) {
     return std::nullopt;
+  }
+}
+
+bool PngChecksumsHold(std::span<const std::uint8_t> bytes) {
+  try {
+    std::size_t length = 0;
+    for (std::size_t at = kFirstPngPart;; at += 12 + length) {
+      length = BigEndian(bytes, at, 4);
+      const Bytes part = Part(bytes, at + 4, 4 + length);
+      if (Checksum(part) != BigEndian(bytes, at + 8 + length, 4)) return false;
+      if (length == 0 && part[0] == 'I' && part[1] == 'E') return true;  // IEND
+    }
+  } catch (const CutShort&) {
+    return false;
   }
 }
 

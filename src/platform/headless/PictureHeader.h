@@ -19,4 +19,7 @@ struct PictureHeader {
 // would take unbounded time to decode. What is within the picture's data is not looked at.
 std::optional<PictureHeader> ReadPictureHeader(std::span<const std::uint8_t> bytes);
 
+// Whether the parts of a PNG, up to its end, are as their checksums say.
+bool PngChecksumsHold(std::span<const std::uint8_t> bytes);
+
 }  // namespace zav
