@@ -108,7 +108,8 @@ void HeadlessPlatform::LoadPage(ControlId pane, const std::string& html, Handler
 void HeadlessPlatform::DropPage(ControlId pane) { pages_.Drop(pane); }
 
 int HeadlessPlatform::PageContentHeight(ControlId pane, int paneWidthPixels, int marginPixels) {
-  const Control* control = input_.Find(pane);
+  const auto known = panes_.find(pane);
+  const Control* control = known == panes_.end() ? input_.Find(pane) : known->second;
   const Font font = control == nullptr ? Font{} : control->font();
   return pages_.ContentHeight(pane, paneWidthPixels, marginPixels, font);
 }
@@ -179,7 +180,9 @@ void HeadlessPlatform::Present(std::span<Control* const> changed,
                                std::span<const ControlId> removed) {
   ++presentedBatches_;
   lastBatch_ = {{}, {removed.begin(), removed.end()}};
+  for (const ControlId id : removed) panes_.erase(id);
   for (Control* control : changed) {
+    if (control->kind() == ControlKind::HtmlPane) panes_[control->id()] = control;
     lastBatch_.changed.push_back({control->id(), control->changes()});
     if (control->kind() == ControlKind::Form) windows_.Announce(static_cast<Form&>(*control));
   }
