@@ -222,6 +222,17 @@ Variant DataIO::GetChildText(std::int32_t index) const {
   return TextOf(tree_.ChildElement(cursor_, index));
 }
 
+std::int32_t DataIO::FindChildText(std::string_view part) const {
+  std::int32_t index = 0;
+  for (NodeId child = tree_.At(cursor_).firstChild; child != XmlTree::kNone;
+       child = tree_.At(child).next) {
+    if (!tree_.At(child).isElement) continue;
+    if (tree_.TextContains(child, part)) return index;
+    ++index;
+  }
+  return -1;
+}
+
 OptionalText DataIO::GetChildAttribute(std::int32_t index, std::string_view name) const {
   return {tree_.FindAttribute(tree_.ChildElement(cursor_, index), name)};
 }

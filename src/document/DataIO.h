@@ -84,6 +84,8 @@ class DataIO : public Object {
 
   [[nodiscard]] std::int32_t ChildCount() const;
   [[nodiscard]] Variant GetChildText(std::int32_t index) const;
+  // The first child whose text contains that part; -1 for none.
+  [[nodiscard]] std::int32_t FindChildText(std::string_view part) const;
   [[nodiscard]] OptionalText GetChildAttribute(std::int32_t index, std::string_view name) const;
   // Of the first child element of that name.
   [[nodiscard]] OptionalText GetChildAttributeByName(std::string_view child,

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "automation/Text.h"
+
 namespace zav {
 namespace {
 
@@ -56,13 +58,17 @@ XmlTree::NodeId XmlTree::Add(Node node) {
   }
   const NodeId id = free_.back();
   if (node.isElement) {
-    auto named = named_.find(node.content);
-    if (named == named_.end()) named = named_.emplace(node.content, Named()).first;
-    named->second.only = ++named->second.count == 1 ? id : kNone;
+    Named& named = Entry(node.content);
+    named.only = ++named.count == 1 ? id : kNone;
   }
   nodes_[id] = std::move(node);
   free_.pop_back();
   return id;
+}
+
+XmlTree::Named& XmlTree::Entry(const std::string& name) {
+  if (entry_ == nullptr || entry_->first != name) entry_ = &*named_.try_emplace(name).first;
+  return entry_->second;
 }
 
 void XmlTree::AppendChild(NodeId parent, NodeId child) {
@@ -125,7 +131,7 @@ void XmlTree::Unlink(NodeId node) {
 
 void XmlTree::Free(NodeId node) {
   if (nodes_[node].isElement) {
-    Named& named = named_.find(nodes_[node].content)->second;
+    Named& named = Entry(nodes_[node].content);
     --named.count;
     named.only = kNone;
   }
@@ -199,6 +205,12 @@ std::string XmlTree::TextOf(NodeId node) const {
     if (!nodes_[next].isElement) text += nodes_[next].content;
   }
   return text;
+}
+
+bool XmlTree::TextContains(NodeId node, std::string_view part) const {
+  const Node& only = nodes_[nodes_[node].firstChild];
+  if (!only.isElement && only.next == kNone) return Contains(only.content, part);
+  return Contains(TextOf(node), part);
 }
 
 XmlTree::NodeId XmlTree::NodeOf(NodeHandle handle) const {

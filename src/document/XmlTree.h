@@ -49,6 +49,9 @@ class XmlTree {
   };
 
   XmlTree();
+  XmlTree(const XmlTree&) = delete;
+  XmlTree& operator=(const XmlTree&) = delete;
+  ~XmlTree() = default;
 
   // These make a node that has no parent yet; a copy has everything below it.
   NodeId AddElement(std::string_view name, std::vector<XmlAttribute> attributes = {});
@@ -76,6 +79,7 @@ class XmlTree {
   [[nodiscard]] NodeId FindElement(NodeId top, std::string_view name) const;
   // The texts below the node, one after the other.
   [[nodiscard]] std::string TextOf(NodeId node) const;
+  [[nodiscard]] bool TextContains(NodeId node, std::string_view part) const;
 
   [[nodiscard]] NodeHandle HandleOf(NodeId node) const { return {node, nodes_[node].serial}; }
   // None when the node was removed.
@@ -88,6 +92,7 @@ class XmlTree {
   };
 
   NodeId Add(Node node);
+  Named& Entry(const std::string& name);
   [[nodiscard]] NodeId NextElement(NodeId child) const;
   [[nodiscard]] NodeId PreviousElement(NodeId child) const;
   [[nodiscard]] bool StandsIn(NodeId top, NodeId node) const;
@@ -97,7 +102,9 @@ class XmlTree {
   std::deque<Node> nodes_;  // by id; a free one has serial 0
   std::vector<NodeId> free_;
   std::uint64_t lastSerial_ = 0;
-  mutable std::map<std::string, Named, std::less<>> named_;  // elements by their names
+  using NamedElements = std::map<std::string, Named, std::less<>>;
+  mutable NamedElements named_;                 // by their names
+  NamedElements::value_type* entry_ = nullptr;  // that was asked for last; many elements are alike
 };
 
 }  // namespace zav

@@ -1,8 +1,5 @@
 #include "form/StateRecorder.h"
 
-#include "automation/Conversions.h"
-#include "automation/Text.h"
-
 namespace zav {
 namespace {
 
@@ -50,13 +47,7 @@ void StateRecorder::RemoveStateResponse(std::string_view answerId) {
     DataIO& document = form_.Document();
     const RecorderScope keep(document);
     if (!EnterState(document) || !document.FindNode("Responses")) return;
-    const std::int32_t count = document.ChildCount();
-    for (std::int32_t i = 0; i < count; ++i) {
-      if (!Contains(ToText(document.GetChildText(i)), answerId)) continue;
-      document.MoveToChild(i);
-      document.RemoveNode("Response");
-      return;
-    }
+    if (document.MoveToChild(document.FindChildText(answerId))) document.RemoveNode("Response");
   });
 }
 

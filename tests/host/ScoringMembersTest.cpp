@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -210,6 +211,40 @@ TEST(Scores, AreMadeOfExactlyTheseDocuments) {
   EXPECT_EQ(Catch([&] { examiner.item->GetScoreInfo(items, most, least); }).number, 1000)
       << "reaches the host";
   EXPECT_TRUE(examiner.parent->log().empty());
+}
+
+// However little of the item has changed since the last time.
+TEST(Rescoring, GivesTheEngineTheItemAsItIs) {
+  Examiner examiner;
+  ScoreCounts counts;
+  const struct {
+    const char* why;
+    std::function<void()> before;
+  } rows[] = {
+      {"the first time", [] {}},
+      {"with another state only", [] {}},
+      {"another time", [] {}},
+      {"an item that changed", [&] { examiner.item->DataIO().SetAttribute("Extra", "yes"); }},
+      {"after the live state was scored", [&] { examiner.item->ScoreExternalDisplay(counts); }},
+      {"a document of the engine's that changed",
+       [&] { examiner.engine->Document()->RemoveNode("Answers"); }},
+      {"another document of the engine's",
+       [&] { examiner.engine->SetDocument(std::make_shared<DataIO>()); }},
+      {"a document that is searched from elsewhere",
+       [&] {
+         examiner.engine->Document()->FindNode("Groups");
+         examiner.engine->Document()->SetFromRoot(false);
+       }},
+      {"after a state was set", [&] { examiner.SetState(StateOf(kResponses)); }},
+  };
+  int number = 0;
+  for (const auto& row : rows) {
+    row.before();
+    const std::string record = "A" + std::to_string(++number);
+    examiner.item->RescoreExternalDisplay(Utf16Array(record), 1, counts);
+    EXPECT_EQ(examiner.engine->xml, examiner.item->DataIO().GetXml()) << row.why;
+    EXPECT_TRUE(Contains(examiner.engine->xml, ">" + record + "<")) << row.why;
+  }
 }
 
 TEST(Rescoring, MakesTheRecordTheState) {
