@@ -25,8 +25,8 @@ const TOO_DEEP = '*>'.repeat(MAX_DEPTH) + '*';
  */
 
 /**
- * Filters a page, or a piece of one. Of a page beyond two million characters, 4000 elements or 100
- * levels the rest is cut; text stays where it can.
+ * Filters a page, or a piece of one. Of a page beyond two million characters, 4000 elements, 1000
+ * pictures or 100 levels the rest is cut; text stays where it can.
  *
  * @param {string} html
  * @param {(name: string) => string | null} pictureUrl the url of a picture that the page names, null
@@ -94,7 +94,7 @@ function rootOf(body) {
     const value = body.getAttribute(name);
     if (value !== null) root.setAttribute(name, value);
   }
-  while (body.firstChild) root.append(body.firstChild);
+  root.append(...body.childNodes);
   return root;
 }
 

@@ -51,12 +51,23 @@ const DROPPED = new Set(
 /** Elements that a parser opens again in the next block when they were not closed. */
 const FORMATTING = new Set('b big code em font i nobr s small strike strong tt u'.split(' '));
 
+/** Elements that have no end tag, or need none: what comes next closes them. */
+const UNNESTED = new Set(
+  'body p br hr wbr img h1 h2 h3 h4 h5 h6 li dt dd colgroup col thead tbody tfoot tr td th'.split(
+    ' ',
+  ),
+);
+
 /** Elements within which the end tag of a formatting element that stands outside does nothing. */
 const SCOPES = new Set('table caption td th'.split(' '));
 
+export const MAX_PICTURES = 1000;
 const MAX_TEXT = 2_000_000; // characters
 const MAX_TAGS = 8000; // start and end tags, those of about 4000 elements
 const MAX_UNCLOSED = 40; // formatting elements
+const MAX_SPAN = 100; // rows or columns of a cell
+const MAX_OPENED_AGAIN = 10_000; // formatting elements, by all other tags together
+const MAX_DEPTH = 100; // elements of other kinds within each other
 
 // A comment; the beginning of a tag; anything else that a parser takes for a comment.
 const MARKUP = /<(?:!--(?:-?>|[^]*?(?:--!?>|$))|(\/?)([a-z][^\s/>]*)|[!?/][^>]*(?:>|$))/gi;
@@ -84,14 +95,16 @@ export function rewriteTags(html) {
 
     const name = found[2].toLowerCase();
     const isEnd = found[1] !== '';
-    const tag = readTag(text, position);
-    position = tag.end;
+    let attributes = '';
+    position = readAttributes(text, position, (given, value) => {
+      attributes += admitted(given, value);
+    });
     if (DROPPED.has(name) && !isEnd) {
       const content = skipContent(text, name, position);
       if (name === 'style') styleText += text.slice(position, content.end) + '\n';
       position = content.next;
     } else if (ELEMENTS.has(name) && limits.admit(name, isEnd)) {
-      markup += isEnd ? `</${name}>` : `<${name}${tag.attributes}>`;
+      markup += isEnd ? `</${name}>` : `<${name}${attributes}>`;
     }
   }
   return { markup, styleText };
@@ -101,26 +114,35 @@ export function rewriteTags(html) {
  * Reads the rest of a tag, from behind its name.
  * @param {string} text
  * @param {number} from
- * @returns {{attributes: string, end: number}}
+ * @param {(name: string, value: string) => void} tell of each attribute; its name in small letters
+ * @returns {number} where the tag ends
  */
-function readTag(text, from) {
-  let attributes = '';
+export function readAttributes(text, from, tell) {
   let end = from;
   for (;;) {
     ATTRIBUTE.lastIndex = end;
     const found = ATTRIBUTE.exec(text);
     if (!found) break;
     end = ATTRIBUTE.lastIndex;
-    const given = found[1].toLowerCase();
-    const name = Object.hasOwn(HELD, given) ? HELD[given] : given;
-    if (!ATTRIBUTES.has(name)) continue;
-    const written = found[2] ?? found[3] ?? found[4] ?? '';
-    const value = name === 'face' ? withFallback(written) : written;
-    attributes += ` ${name}="${value.replaceAll('"', '&quot;')}"`;
+    tell(found[1].toLowerCase(), found[2] ?? found[3] ?? found[4] ?? '');
   }
   TAG_END.lastIndex = end;
   TAG_END.exec(text);
-  return { attributes, end: TAG_END.lastIndex };
+  return TAG_END.lastIndex;
+}
+
+/**
+ * @param {string} given
+ * @param {string} written
+ * @returns {string} the attribute as it stands in a tag; empty where a page may not have it
+ */
+function admitted(given, written) {
+  const name = Object.hasOwn(HELD, given) ? HELD[given] : given;
+  if (!ATTRIBUTES.has(name)) return '';
+  let value = written;
+  if (name === 'face') value = withFallback(written);
+  else if (name.endsWith('span')) value = String(Math.min(Number.parseInt(written, 10), MAX_SPAN));
+  return ` ${name}="${value.replaceAll('"', '&quot;')}"`;
 }
 
 /**
@@ -140,6 +162,12 @@ function skipContent(text, name, from) {
 /** Decides which tags are too many. The text between them stays. */
 class TagLimits {
   #tags = 0;
+  #pictures = 0;
+  #openedAgain = 0;
+  #depth = 0;
+  // Those of #depth, by name.
+  /** @type {Map<string, number>} */
+  #open = new Map();
   // At least as many as a parser may have to open again.
   #unclosed = 0;
   // Those of #unclosed, by name, that an end tag met now would surely close.
@@ -153,8 +181,34 @@ class TagLimits {
    */
   admit(name, isEnd) {
     if (++this.#tags > MAX_TAGS) return false;
+    if (name === 'img' && ++this.#pictures > MAX_PICTURES) return false;
     if (SCOPES.has(name) && !isEnd) this.#closable.clear();
-    if (!FORMATTING.has(name)) return true;
+    return FORMATTING.has(name)
+      ? this.#admitFormatting(name, isEnd)
+      : this.#admitOther(name, isEnd);
+  }
+
+  /**
+   * @param {string} name
+   * @param {boolean} isEnd
+   */
+  #admitOther(name, isEnd) {
+    this.#openedAgain += this.#unclosed;
+    if (this.#openedAgain > MAX_OPENED_AGAIN) return false;
+    if (UNNESTED.has(name)) return true;
+    const open = this.#open.get(name) ?? 0;
+    const change = isEnd ? -Math.min(open, 1) : 1;
+    this.#open.set(name, open + change);
+    this.#depth += change;
+    // Where a start tag was too deep, its end tag is.
+    return this.#depth + (isEnd ? 1 : 0) <= MAX_DEPTH;
+  }
+
+  /**
+   * @param {string} name
+   * @param {boolean} isEnd
+   */
+  #admitFormatting(name, isEnd) {
     const closable = this.#closable.get(name) ?? 0;
     const change = isEnd ? -Math.min(closable, 1) : 1;
     if (this.#unclosed + change > MAX_UNCLOSED) return false;

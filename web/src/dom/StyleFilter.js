@@ -6,13 +6,10 @@
 
 import { keepLatest } from '../keepLatest.js';
 import { withFallback } from './fonts.js';
+import { MAX_PICTURES } from './HtmlTags.js';
+import { readDeclarations, readRules } from './StyleText.js';
 
-const MAX_RULES = 500;
-const MAX_SELECTOR = 200; // characters
-
-// Elements, classes, ids, and one inside the other: what the authors' tools write. With more than
-// these, a selector can reach out of the page or take a browser very long to match.
-const SELECTOR = /^[\w\s.#*,\u0080-\uffff-]+$/;
+const MAX_VALUE = 10_000; // characters
 
 const PROPERTY_FAMILY =
   /^(?:background|border|font|list-style|margin|overflow|padding|text-(?:align|decoration|indent|transform|wrap)|white-space)(?:-|$)/;
@@ -26,7 +23,6 @@ const PROPERTIES = new Set(
 );
 
 const POSITION = /^(?:static|relative|absolute)$/;
-const URL_IN_TEXT = /url\(\s*(?:"([^"]*)"|'([^']*)'|([^"'()]*))\s*\)/gi;
 const URL_IN_VALUE = /url\("?([^"()\\]*)"?\)/g;
 const HARMLESS_FUNCTION = /\b(?:rgba?|hsla?|calc)\(/g;
 
@@ -43,7 +39,10 @@ export class StyleFilter {
   #pictureUrl;
   /** @type {Set<string>} */
   #pictures = new Set();
+  #asked = 0;
   #scratch = document.createElement('span');
+  // Only a browser that is given complete urls gives back the same ones.
+  #toUrl = (/** @type {string} */ name) => this.picture(name);
 
   /** @param {(name: string) => string | null} pictureUrl where a picture is, null for an unknown one */
   constructor(pictureUrl) {
@@ -55,7 +54,8 @@ export class StyleFilter {
    * @returns {string | null} a complete url
    */
   picture(name) {
-    const url = name.trim() && this.#pictureUrl(name.trim());
+    if (!name.trim() || ++this.#asked > MAX_PICTURES) return null;
+    const url = this.#pictureUrl(name.trim());
     if (!url) return null;
     const href = new URL(url, document.baseURI).href;
     this.#pictures.add(href);
@@ -68,8 +68,7 @@ export class StyleFilter {
    * @param {string} declarations
    */
   apply(element, declarations) {
-    this.#scratch.style.cssText = this.#resolve(declarations);
-    this.#copy(this.#scratch.style, element.style);
+    this.#copy(readDeclarations(declarations, this.#toUrl), element.style);
   }
 
   /**
@@ -78,45 +77,39 @@ export class StyleFilter {
    *   root, a div of class "body".
    */
   sheet(text) {
-    const resolved = this.#resolve(text);
+    const rules = readRules(text, this.#toUrl);
+    const resolved = JSON.stringify(rules);
     const known = sheets.get(resolved);
     if (known !== undefined) return known;
-    const made = this.#makeSheet(resolved);
+    const made = this.#makeSheet(rules);
     if (resolved.length <= MOST_CHARACTERS) keepLatest(sheets, resolved, made, MOST_SHEETS);
     return made;
   }
 
-  /** @param {string} text with complete urls */
-  #makeSheet(text) {
-    const source = new CSSStyleSheet();
-    source.replaceSync(text);
+  /** @param {import('./StyleText.js').Rule[]} rules */
+  #makeSheet(rules) {
     const sheet = new CSSStyleSheet();
-    for (const rule of [...source.cssRules].slice(0, MAX_RULES)) {
-      if (!(rule instanceof CSSStyleRule) || !isPlain(rule.selectorText)) continue;
-      const index = sheet.insertRule(`${withinRoot(rule.selectorText)} {}`, sheet.cssRules.length);
-      this.#copy(rule.style, /** @type {CSSStyleRule} */ (sheet.cssRules[index]).style);
+    for (const { selector, declarations } of rules) {
+      const { length } = sheet.cssRules;
+      try {
+        sheet.insertRule(`${withinRoot(selector)} {}`, length);
+      } catch {
+        continue; // no selector
+      }
+      this.#copy(declarations, /** @type {CSSStyleRule} */ (sheet.cssRules[length]).style);
     }
     return sheet.cssRules.length > 0 ? sheet : null;
   }
 
   /**
-   * Replaces names of pictures by their urls before a browser sees them: only then does every browser
-   * give back the same url when it is asked for the value.
-   * @param {string} text
-   */
-  #resolve(text) {
-    return text.replace(URL_IN_TEXT, (_, quoted, single, bare) => {
-      const url = this.picture(quoted ?? single ?? bare);
-      return url ? `url("${url}")` : 'none';
-    });
-  }
-
-  /**
-   * @param {CSSStyleDeclaration} from
+   * @param {string} declarations with complete urls
    * @param {CSSStyleDeclaration} to
    */
-  #copy(from, to) {
+  #copy(declarations, to) {
+    const from = this.#scratch.style;
+    from.cssText = declarations;
     for (const name of from) {
+      if (!PROPERTIES.has(name) && !PROPERTY_FAMILY.test(name)) continue;
       const value = from.getPropertyValue(name);
       if (!this.#isHarmless(name, value)) continue;
       const shown = name === 'font-family' ? withFallback(value) : value;
@@ -129,19 +122,13 @@ export class StyleFilter {
    * @param {string} value
    */
   #isHarmless(name, value) {
-    if (!PROPERTIES.has(name) && !PROPERTY_FAMILY.test(name)) return false;
-    if (name === 'position' && !POSITION.test(value)) return false;
+    if (value.length > MAX_VALUE || (name === 'position' && !POSITION.test(value))) return false;
     // A value may bring in something else only by a function, or by a character escaped into one.
     const rest = value
       .replace(URL_IN_VALUE, (whole, url) => (this.#pictures.has(url) ? '' : whole))
       .replace(HARMLESS_FUNCTION, '');
     return !/[(\\]/.test(rest);
   }
-}
-
-/** @param {string} selector */
-function isPlain(selector) {
-  return selector.length <= MAX_SELECTOR && SELECTOR.test(selector);
 }
 
 /**

@@ -1,10 +1,11 @@
 /**
  * An item's XML on the page's side: as the bytes that hosts hand over, and what files it names.
  */
+import { readAttributes } from '../dom/HtmlTags.js';
 
 const PICTURE_FILE = /\.(?:avif|bmp|cur|gif|ico|jpe?g|png|svg|webp)$/i;
 const PICTURE_ATTRIBUTES = new Set(['ImagePath', 'EmptyImage']);
-const HTML_SOURCE = /<img\b[^>]*?\bsrc\s*=\s*(?:"([^"]*)"|'([^']*)'|([^\s>]+))/gi;
+const IMAGE = /<img(?=[\s/])/gi;
 const NO_CASE = 'NONE';
 
 /**
@@ -112,8 +113,9 @@ export function namedFiles(xml) {
  * @param {Set<string>} pictures
  */
 function addHtmlPictures(html, pictures) {
-  for (const [, double, single, bare] of html.matchAll(HTML_SOURCE)) {
-    const name = double ?? single ?? bare;
-    if (name) pictures.add(name);
+  for (IMAGE.lastIndex = 0; IMAGE.test(html);) {
+    IMAGE.lastIndex = readAttributes(html, IMAGE.lastIndex, (name, value) => {
+      if (name === 'src' && value) pictures.add(value);
+    });
   }
 }

@@ -20,7 +20,7 @@ const POLICY = [
   "img-src 'self'",
   "connect-src 'self'",
   "require-trusted-types-for 'script'",
-  'trusted-types dompurify',
+  'trusted-types dompurify zav-drag-drop',
 ].join('; ');
 
 const PAGE = `<!doctype html><html lang="en"><head><meta charset="utf-8"><title>Test</title>
