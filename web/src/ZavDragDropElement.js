@@ -3,8 +3,8 @@ import { rootStyles } from './dom/styles.js';
 import { ParentObject } from './HostObjects.js';
 import { FolderSupport } from './host/FolderSupport.js';
 import { bringFiles } from './host/ItemFiles.js';
-import { responsesIn, sawAll } from './host/ItemState.js';
-import { decodeFile, toBytes, toText, withLanguage } from './host/ItemXml.js';
+import { responsesIn, sawAll, wholeState } from './host/ItemState.js';
+import { decodeFile, otherThanXml, toBytes, toText, withLanguage } from './host/ItemXml.js';
 import { Runtime } from './runtime/Runtime.js';
 import { warmUp } from './warmUp.js';
 
@@ -194,12 +194,15 @@ export class ZavDragDropElement extends HTMLElement {
     return sawAll(this.state);
   }
 
-  /** The state snapshot as text. Storing it shows what it says. */
+  /**
+   * The state snapshot as text. Storing one shows what it says; '' is one without responses. What is no
+   * state throws an Error that says so, and the item keeps the state that it has.
+   */
   get state() {
     return this.#component ? this.#readState() : '';
   }
   set state(state) {
-    const bytes = toBytes(state);
+    const bytes = toBytes(wholeState(String(state)));
     this.SetExternalStateArray(bytes, bytes.length);
     if (this.#follows) this.#show('ResizeExternalDisplay');
   }
@@ -428,9 +431,11 @@ export class ZavDragDropElement extends HTMLElement {
     loading.catch(() => {}); // told by whoever waits for it
     const answer = await fetch(support.itemUrl);
     if (!answer.ok) throw new Error(`${support.itemUrl}: expected an item, got ${answer.status}`);
-    const xml = this.#inLanguage(decodeFile(new Uint8Array(await answer.arrayBuffer())));
+    const xml = decodeFile(new Uint8Array(await answer.arrayBuffer()));
     if (turn !== this.#turn) return;
-    const bytes = toBytes(xml);
+    const other = otherThanXml(xml);
+    if (other) throw new Error(`${support.itemUrl}: expected an item, got ${other}`);
+    const bytes = toBytes(this.#inLanguage(xml));
     const options = readOptions(this.getAttribute('options'));
     const initialised = await this.InitExternalDisplay(bytes, bytes.length, options);
     if (this.#turn !== turn + 1) return; // something else came in between

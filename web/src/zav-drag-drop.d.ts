@@ -145,7 +145,10 @@ export class ZavDragDropElement extends HTMLElement {
    * candidate to scroll where it is not so.
    */
   readonly viewedAll: boolean;
-  /** The state snapshot as text; storing it shows what it says. */
+  /**
+   * The state snapshot as text. Storing one shows what it says; '' is one without responses. What is no
+   * state throws an Error that says so, and the item keeps the state that it has.
+   */
   state: string;
 
   /** Counts from the next initialisation. */

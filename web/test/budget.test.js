@@ -48,6 +48,14 @@ const READERS = {
 async function prepareReaders() {
   const { filterPage } = await import('/src/dom/HtmlFilter.js');
   const { namedFiles, withLanguage } = await import('/src/host/ItemXml.js');
+  const { wholeState } = await import('/src/host/ItemState.js');
+  const store = (state) => {
+    try {
+      wholeState(state);
+    } catch {
+      // Most shapes are no states.
+    }
+  };
   const show = (html) => filterPage(html, (name) => (name === 'a.png' ? '/a.png' : null));
   const quoted = (text) => text.replace(/[&<"]/g, (each) => `&#${each.charCodeAt(0)};`);
   window.readers = {
@@ -59,6 +67,8 @@ async function prepareReaders() {
     'elements of an item': (text) => namedFiles(`<A>${text}</A>`),
     'HTML in an item': (text) => namedFiles(`<A><![CDATA[${text.replaceAll(']]>', '')}]]></A>`),
     'an attribute of an item': (text) => namedFiles(`<A ImagePath="${quoted(text)}"/>`),
+    'a state': store,
+    'responses of a state': (text) => store(`<State><Responses>${text}</Responses></State>`),
     'an item in another language': (text) => withLanguage(text, 'fr'),
   };
 }

@@ -413,9 +413,24 @@ const BROKEN = [
   },
   {
     why: 'XML of something else',
-    breakIt: (at) => writeFile(join(at, 'item.xml'), '<html/>'),
+    breakIt: (at) => writeFile(join(at, 'item.xml'), '<Item/>'),
     want: { number: -2147221494, routine: 'InitExternalDisplay', description: /DragAndDropItem/ },
     rejected: /could not be initialised$/,
+  },
+  {
+    why: 'an item of no bytes',
+    breakIt: (at) => writeFile(join(at, 'item.xml'), ''),
+    rejected: /item\.xml: expected an item, got an empty file$/,
+  },
+  {
+    why: 'a text instead of an item',
+    breakIt: (at) => writeFile(join(at, 'item.xml'), 'see graphics'),
+    rejected: /item\.xml: expected an item, got "see graphics"$/,
+  },
+  {
+    why: 'the page of a server that has no item, and says that all is well',
+    breakIt: (at) => writeFile(join(at, 'item.xml'), '\n<!DOCTYPE HTML><p>Not found'),
+    rejected: /item\.xml: expected an item, got an HTML page$/,
   },
   {
     why: 'no item',
@@ -449,7 +464,7 @@ test('items that lack something say what, and the next item works', (t) =>
         });
       }
     },
-    ['404', 'could not be initialised'],
+    ['404', 'could not be initialised', 'expected an item'],
   ));
 
 /** Shows an item of the test's own folder, which may fail. */
@@ -581,6 +596,86 @@ test('a state goes from one element into another', () =>
     await second.candidate.drag('target 6').to('target 5');
     assert.deepEqual(await second.candidate.responses(), ['A1', 'E5']);
     assert.deepEqual(await first.candidate.responses(), ['A1', 'F5']);
+  }));
+
+const ANSWERED =
+  '<State><Responses><Response>A1</Response></Responses><ItemStemHeight>3000</ItemStemHeight></State>';
+
+/** @type {[why: string, state: unknown][]} */
+const NO_STATES = [
+  ['cut off by storage', ANSWERED.slice(0, -9)],
+  ['cut off within a name', ANSWERED.slice(0, 20)],
+  ['another element', '<Foo/>'],
+  ['an element of another name space', '<a:State xmlns:a="b"/>'],
+  ['two states', ANSWERED + ANSWERED],
+  ['a state and more', `${ANSWERED}A1`],
+  ['JSON', '{"responses":["A1"]}'],
+  ['nothing that was stored as a text', 'undefined'],
+  ['nothing', undefined],
+  ['a number', 42],
+  ['a page', '<!doctype html><p>Not found'],
+  ['a text', '<State>A1</State>'],
+  ['an unknown part', '<State><Responses/><Static/></State>'],
+  ['responses that are a text', '<State><Responses>A1</Responses></State>'],
+  [
+    'responses that are something else',
+    '<State><Responses><Answer>A1</Answer></Responses></State>',
+  ],
+  ['an empty response', '<State><Responses><Response/></Responses></State>'],
+  [
+    'a response in a response',
+    '<State><Responses><Response><Response>A1</Response></Response></Responses></State>',
+  ],
+  ['a height that is none', '<State><Responses/><ItemStemHeight>high</ItemStemHeight></State>'],
+  ['a mark that is none', '<State><Responses/><ItemStemScroll>3</ItemStemScroll></State>'],
+];
+
+test('what is no state is refused, and the item keeps the one that it has', (t) =>
+  atExam(async (page) => {
+    const { host, element, candidate } = await showItem(page);
+    await candidate.drag('source 2').to('target 6');
+    const before = await element.evaluate((each) => each.state);
+    for (const [why, state] of NO_STATES) {
+      await t.test(why, async () => {
+        const [problem, after] = await element.evaluate((each, given) => {
+          try {
+            each.state = given;
+          } catch (error) {
+            return [error.message, each.state];
+          }
+          return ['', each.state];
+        }, state);
+        assert.match(problem, /^Expected a whole <State>…<\/State>, got ./);
+        assert.equal(after, before);
+      });
+    }
+    const told = await host.evaluate((each) => each.takeEvents());
+    assert.deepEqual(
+      told.filter(({ event }) => event === 'log' || event === 'message'),
+      [],
+    );
+    await candidate.drag('source 9').to('target 1');
+    assert.deepEqual(await candidate.responses(), ['F5', 'A1']);
+  }));
+
+test('a state without responses takes them', (t) =>
+  atExam(async (page) => {
+    const { element, candidate } = await showItem(page);
+    const heightOnly = '<State><ItemStemHeight>3000</ItemStemHeight></State>';
+    for (const state of ['', ' \n\0', '<State/>', heightOnly, '<State><Responses/></State>']) {
+      await t.test(JSON.stringify(state), async () => {
+        await element.evaluate((each, given) => {
+          each.state = given;
+        }, state);
+        assert.deepEqual(await candidate.responses(), []);
+        await candidate.drag('source 9').to('target 1');
+        assert.deepEqual(await candidate.responses(), ['A1']);
+      });
+    }
+    await element.evaluate((each, given) => {
+      each.state = given;
+    }, ANSWERED.slice(0, -8).concat('\n</State>\n'));
+    assert.deepEqual(await candidate.responses(), ['A1']);
   }));
 
 test('npm installs the package, and a page works with what it installed', async () => {

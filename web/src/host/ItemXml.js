@@ -7,6 +7,8 @@ const PICTURE_FILE = /\.(?:avif|bmp|cur|gif|ico|jpe?g|png|svg|webp)$/i;
 const PICTURE_ATTRIBUTES = new Set(['ImagePath', 'EmptyImage']);
 const IMAGE = /<img(?=[\s/])/gi;
 const NO_CASE = 'NONE';
+const HTML_PAGE = /^<(?:!doctype html|html)\b/i;
+const BEGINNING = 40; // characters
 
 /**
  * Text as the XML parser takes it where the page demands trusted types: its policy must then allow the
@@ -33,7 +35,7 @@ function makeTrust() {
  * @param {string} xml
  * @returns {Element | null} the document element; null for text that is not well-formed
  */
-function parse(xml) {
+export function parse(xml) {
   trusted ??= makeTrust();
   const holder = document.implementation.createDocument(null, 'holder').documentElement;
   try {
@@ -41,7 +43,27 @@ function parse(xml) {
   } catch {
     return null;
   }
-  return holder.firstElementChild;
+  return holder.childElementCount === 1 && !hasText(holder) ? holder.firstElementChild : null;
+}
+
+/**
+ * Whether something is written between the children of an element.
+ * @param {Element} element
+ */
+export function hasText(element) {
+  return [...element.childNodes].some((node) => node instanceof Text && node.data.trim() !== '');
+}
+
+/**
+ * What a file is, in words, that should be XML and surely is none; empty for others. Servers answer
+ * with pages of their own where they have no file.
+ * @param {string} text
+ */
+export function otherThanXml(text) {
+  const beginning = text.trimStart().slice(0, BEGINNING);
+  if (!beginning) return 'an empty file';
+  if (HTML_PAGE.test(beginning)) return 'an HTML page';
+  return beginning.startsWith('<') ? '' : `"${beginning}"`;
 }
 
 /**
