@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 namespace zav {
 
@@ -23,5 +24,9 @@ class Picture {
 
 // Controls that show the same picture share it. Null: no picture.
 using PictureRef = std::shared_ptr<const Picture>;
+
+// Whether it is a picture that the component saves for itself. Pages write the names of these in a
+// case of their own; all other files are found under their exact names.
+[[nodiscard]] inline bool IsOwnPicture(std::string_view path) { return path.ends_with("kvt.bmp"); }
 
 }  // namespace zav

@@ -44,8 +44,9 @@ class Services {
 
   [[nodiscard]] virtual TwipsPerPixel ScreenTwipsPerPixel() const = 0;
 
-  // Pictures. An empty path gives no picture. Raises 53 for a file that is missing, 481 for one
-  // that is not a picture. A resource is a picture that the component itself brings, by its tag.
+  // Pictures. An empty path gives no picture. Names of files are exact, but for IsOwnPicture.
+  // Raises 53 for a file that is missing, 481 for one that is not a picture. A resource is a
+  // picture that the component itself brings, by its tag.
   virtual PictureRef LoadPicture(const std::string& path) = 0;
   virtual PictureRef ResourcePicture(std::string_view tag) = 0;
   virtual void SavePicture(const Picture& picture, const std::string& path) = 0;  // as a bitmap

@@ -39,6 +39,16 @@ TEST(LocalFiles, FailByWhatIsThere) {
   EXPECT_FALSE(local_files::Exists(folder.Path("")));
 }
 
+TEST(LocalFiles, AreNamedExactly) {
+  const TemporaryFolder folder;
+  local_files::Write(folder.Path("Heart.png"), {1});
+  const Raised raised = Catch([&] { local_files::Read(folder.Path("heart.png")); });
+  EXPECT_EQ(raised.number, error_number::kFileNotFound);
+  EXPECT_EQ(raised.description,
+            "File not found: " + folder.Path("heart.png") + ", but there is Heart.png");
+  EXPECT_FALSE(local_files::Exists(folder.Path("heart.png")));
+}
+
 TEST(LocalFiles, AreReplacedAndReadWhole) {
   const TemporaryFolder folder;
   local_files::Write(folder.Path("a"), {1, 0, 2, 13, 10, 255});

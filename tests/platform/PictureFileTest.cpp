@@ -272,6 +272,12 @@ TEST(PictureFile, ComesFromTheDiskOrFromTheProgram) {
   const PictureRef loaded = platform->LoadPicture(folder.Path("a.bmp"));
   EXPECT_EQ(static_cast<const HeadlessPicture&>(*loaded).pixels(),
             static_cast<const HeadlessPicture&>(*corner).pixels());
+  EXPECT_EQ(Catch([&] { platform->LoadPicture(folder.Path("A.bmp")); }).number,
+            error_number::kFileNotFound)
+      << "exact case";
+  platform->SavePicture(*corner, folder.Path("Akvt.bmp"));
+  EXPECT_NE(platform->LoadPicture(folder.Path("akvt.bmp")), nullptr)
+      << "pages write the component's own names as they like";
 }
 
 }  // namespace

@@ -248,20 +248,23 @@ TEST(ChangeBuffer, ForgetsWhatHasGone) {
 TEST(WebPlatform, KnowsWhatThePageBroughtAndNothingElse) {
   FakeBrowser browser;
   WebPlatform platform(browser, 1);
-  platform.AddPicture("Items/Heart.PNG", 4, 560, 430);
+  platform.AddPicture("items/heart.png", 4, 560, 430);
   platform.AddPicture("items/text.png", 0, 0, 0);
   platform.AddFile("items/KVStatic.xml", {'x'});
   const PictureRef picture = platform.LoadPicture("items/heart.png");
-  EXPECT_EQ(picture->WidthPixels(), 560) << "in any case";
+  EXPECT_EQ(picture->WidthPixels(), 560);
   EXPECT_EQ(platform.LoadPicture(""), nullptr);
   EXPECT_EQ(Catch([&] { platform.LoadPicture("items/other.png"); }).number, 53);
   EXPECT_EQ(Catch([&] { platform.LoadPicture("items/text.png"); }).number, 481);
-  EXPECT_EQ(Catch([&] { platform.LoadPicture("items/kvstatic.xml"); }).number, 481);
+  EXPECT_EQ(Catch([&] { platform.LoadPicture("items/KVStatic.xml"); }).number, 481);
+  EXPECT_EQ(Catch([&] { platform.LoadPicture("items/Heart.png"); }).number, 53) << "exact case";
+  EXPECT_EQ(Catch([&] { platform.ReadFile("items/kvstatic.xml"); }).number, 53) << "exact case";
+  EXPECT_FALSE(platform.FileExists("items/HEART.png")) << "exact case";
   EXPECT_EQ(Catch([&] { platform.ReadFile("items/heart.xml"); }).number, 53);
-  EXPECT_EQ(platform.ReadFile("ITEMS/kvstatic.xml").size(), 1U);
+  EXPECT_EQ(platform.ReadFile("items/KVStatic.xml").size(), 1U);
 
-  platform.SavePicture(*picture, "support/akvt.bmp");
-  EXPECT_TRUE(platform.FileExists("support/aKVT.bmp"));
+  platform.SavePicture(*picture, "support/Akvt.bmp");
+  EXPECT_TRUE(platform.FileExists("support/akvt.bmp")) << "pages write its own names as they like";
   platform.DeleteFiles("support/*kvt.bmp");
   EXPECT_FALSE(platform.FileExists("support/akvt.bmp"));
   EXPECT_TRUE(platform.FileExists("items/heart.png")) << "of another pattern";

@@ -5,7 +5,7 @@
 
 import assert from 'node:assert/strict';
 import { execFile } from 'node:child_process';
-import { cp, mkdtemp, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, before, test } from 'node:test';
@@ -397,6 +397,15 @@ const BROKEN = [
     want: { number: 481, routine: 'LoadWorkArea', description: /heart\.png$/ },
   },
   {
+    why: 'a background whose name is in another case, while the question names it rightly',
+    breakIt: async (at) => {
+      const file = join(at, 'item.xml');
+      const xml = (await readFile(file, 'utf8')).replace('"heart.png"', '"Heart.png"');
+      await writeFile(file, xml.replace('<html>', '<html><img src="heart.png">'));
+    },
+    want: { number: 53, routine: 'LoadWorkArea', description: /Heart\.png$/ },
+  },
+  {
     why: 'no picture of an empty target',
     breakIt: (at) => rm(join(at, 'graphics/name-slot.png')),
     want: { number: 53, routine: 'LoadWorkArea', description: /name-slot\.png$/ },
@@ -444,7 +453,7 @@ test('items that lack something say what, and the next item works', (t) =>
     async (page) => {
       for (const { why, breakIt, want, rejected } of BROKEN) {
         await t.test(why, async () => {
-          const name = why.replaceAll(' ', '-');
+          const name = why.replaceAll(/\W/g, '-');
           await cp(join(root, 'items/heart'), join(folder, name), { recursive: true });
           await breakIt(join(folder, name));
           const { host, element, problem, logged } = await showMade(page, name);

@@ -74,8 +74,8 @@ PictureRef HeadlessPlatform::LoadPicture(const std::string& path) {
   if (path.empty()) return {};
   std::weak_ptr<const Picture>& shown = pictures_[path];
   if (PictureRef picture = shown.lock()) return picture;
-  // Pages write the names of the support pictures in a case of their own.
-  PictureRef picture = OpenPicture(local_files::Read(local_files::FindIgnoringCase(path)), path);
+  const std::string file = IsOwnPicture(path) ? local_files::FindIgnoringCase(path) : path;
+  PictureRef picture = OpenPicture(local_files::Read(file), path);
   shown = picture;
   return picture;
 }

@@ -15,6 +15,14 @@ namespace fs = std::filesystem;
 
 constexpr std::uintmax_t kMostBytes = std::uintmax_t{256} << 20U;
 
+// Names a file that may be meant: other systems find it.
+AutomationError NotFoundError(const std::string& path) {
+  const std::string found = FindIgnoringCase(path);
+  const std::string hint =
+      found == path ? std::string() : ", but there is " + fs::path(found).filename().string();
+  return {error_number::kFileNotFound, "File not found: " + path + hint};
+}
+
 AutomationError AccessError(const std::string& path) {
   return {error_number::kFileAccess, "Path/File access error: " + path};
 }
@@ -30,9 +38,7 @@ bool Matches(std::string_view name, std::string_view pattern) {
 std::uintmax_t SizeToRead(const std::string& path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
-  if (status.type() == fs::file_type::not_found) {
-    throw AutomationError(error_number::kFileNotFound, "File not found: " + path);
-  }
+  if (status.type() == fs::file_type::not_found) throw NotFoundError(path);
   // Anything else, such as a pipe, could be read from without end.
   if (status.type() != fs::file_type::regular) throw AccessError(path);
   const std::uintmax_t size = fs::file_size(path, error);

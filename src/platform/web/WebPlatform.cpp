@@ -19,6 +19,10 @@ bool EndsWith(std::string_view text, std::string_view end) {
   return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
+std::string PictureKey(const std::string& path) {
+  return IsOwnPicture(path) ? UpperCase(path) : path;
+}
+
 PictureRef MakePicture(std::int32_t number, int widthPixels, int heightPixels) {
   if (number == 0) return {};
   return std::make_shared<NumberedPicture>(number, widthPixels, heightPixels);
@@ -42,7 +46,7 @@ WebPlatform::WebPlatform(Browser& browser, ComponentNumber component)
 
 void WebPlatform::AddPicture(std::string_view path, std::int32_t number, int widthPixels,
                              int heightPixels) {
-  pictures_[UpperCase(path)] = MakePicture(number, widthPixels, heightPixels);
+  pictures_[PictureKey(std::string(path))] = MakePicture(number, widthPixels, heightPixels);
 }
 
 void WebPlatform::AddResourcePicture(std::string_view tag, std::int32_t number, int widthPixels,
@@ -51,7 +55,7 @@ void WebPlatform::AddResourcePicture(std::string_view tag, std::int32_t number, 
 }
 
 void WebPlatform::AddFile(std::string_view path, std::vector<std::uint8_t> bytes) {
-  files_[UpperCase(path)] = std::move(bytes);
+  files_[std::string(path)] = std::move(bytes);
 }
 
 void WebPlatform::PageLoaded(std::int32_t ticket) {
@@ -88,9 +92,8 @@ Control* WebPlatform::Find(ControlId id) const {
 
 PictureRef WebPlatform::LoadPicture(const std::string& path) {
   if (path.empty()) return {};
-  const std::string key = UpperCase(path);
-  const auto found = pictures_.find(key);
-  if (found == pictures_.end() && files_.count(key) == 0) RaiseNotFound(path);
+  const auto found = pictures_.find(PictureKey(path));
+  if (found == pictures_.end() && files_.count(path) == 0) RaiseNotFound(path);
   if (found == pictures_.end() || !found->second) {
     RaiseError(error_number::kInvalidPicture, {"Invalid picture: ", path});
   }
@@ -193,12 +196,11 @@ void WebPlatform::Shell(const std::string& path) {
 }
 
 bool WebPlatform::FileExists(const std::string& path) {
-  const std::string key = UpperCase(path);
-  return files_.count(key) > 0 || pictures_.count(key) > 0;
+  return files_.count(path) > 0 || pictures_.count(PictureKey(path)) > 0;
 }
 
 std::vector<std::uint8_t> WebPlatform::ReadFile(const std::string& path) {
-  const auto found = files_.find(UpperCase(path));
+  const auto found = files_.find(path);
   if (found == files_.end()) RaiseNotFound(path);
   return found->second;
 }
@@ -208,10 +210,10 @@ void WebPlatform::WriteFile(const std::string& path, const std::vector<std::uint
 }
 
 void WebPlatform::DeleteFiles(const std::string& pattern) {
-  const std::string upper = UpperCase(pattern);
-  const auto isMeant = [&](const auto& entry) { return Matches(entry.first, upper); };
-  std::erase_if(files_, isMeant);
-  std::erase_if(pictures_, isMeant);
+  std::erase_if(files_, [&](const auto& entry) { return Matches(entry.first, pattern); });
+  std::erase_if(pictures_, [key = PictureKey(pattern)](const auto& entry) {
+    return Matches(entry.first, key);
+  });
 }
 
 void WebPlatform::Present(std::span<Control* const> changed, std::span<const ControlId> removed) {

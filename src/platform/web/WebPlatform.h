@@ -2,8 +2,7 @@
 //
 // The page shows the controls and measures; what can be kept here is kept here. Files and pictures
 // are brought by the page before the item is initialised: nothing is fetched on the way, and what
-// was not brought is not there. Paths are compared without regard to case. Windows stand within the
-// element.
+// was not brought is not there. Windows stand within the element.
 #pragma once
 
 #include <map>
@@ -93,9 +92,9 @@ class WebPlatform final : public Services, public Presenter {
   bool windowsChanged_ = false;  // since they were last arranged
   ChangeBuffer changes_;
   std::map<ControlId, Control*> controls_;
-  PictureTable pictures_;  // by path in upper case; null: no picture
+  PictureTable pictures_;  // by path, an own one's in upper case; null: no picture
   PictureTable resources_;
-  std::map<std::string, std::vector<std::uint8_t>> files_;  // by path in upper case
+  std::map<std::string, std::vector<std::uint8_t>> files_;  // by path
   std::map<std::int32_t, PageLoad> loads_;                  // by ticket
   std::int32_t lastTicket_ = 0;
   std::map<ControlId, Handler<void()>> timers_;

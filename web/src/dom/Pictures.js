@@ -1,7 +1,7 @@
 /**
  * The pictures of one item: loaded before the item is initialised, known to the component by a
- * number and to pages by the path that the host gave for them. Paths are compared without regard to
- * case. Nothing is fetched for a path that was not brought.
+ * number and to pages by the path that the host gave for them. Nothing is fetched for a path that was
+ * not brought.
  */
 import { keepLatest } from '../keepLatest.js';
 
@@ -36,6 +36,12 @@ export function loadImage(url) {
   });
 }
 
+/**
+ * Pages write the names of the component's own pictures in a case of their own.
+ * @param {string} path
+ */
+const keyOf = (path) => (path.endsWith('kvt.bmp') ? path.toLowerCase() : path);
+
 export class Pictures {
   /** @type {HTMLImageElement[]} */
   #images = [new Image()];
@@ -57,7 +63,7 @@ export class Pictures {
    * @param {number} number
    */
   name(path, number) {
-    this.#numbers.set(path.toLowerCase(), number);
+    this.#numbers.set(keyOf(path), number);
   }
 
   /** The item is gone, and shows none of its pictures any more. */
@@ -100,7 +106,7 @@ export class Pictures {
    * @param {string} path
    */
   urlAt(path) {
-    const number = this.#numbers.get(path.toLowerCase());
+    const number = this.#numbers.get(keyOf(path));
     return number ? this.#images[number].src : null;
   }
 }
