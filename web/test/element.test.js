@@ -490,6 +490,27 @@ async function showMade(page, name) {
   return { host, element, ...told };
 }
 
+test('urls of pictures may be written in any way that a server takes', () =>
+  atExam(async (page) => {
+    const labels = await page.evaluate(async () => {
+      const element = document.body.appendChild(document.createElement('zav-drag-drop'));
+      element.support = {
+        GetLocalizePath: (name) => `/items/circuit/${name}`,
+        GetGraphicsPath: (name) => `/items/circuit/graphics/${name}?width=100%`,
+        GetSupportFileDir: () => 'support:/',
+      };
+      const xml = await (await fetch('/items/circuit/item.xml')).text();
+      await element.InitExternalDisplay(window.ExamHost.toBytes(xml));
+      element.ShowExternalDisplay(0, 0, 15360, 11520);
+      const covers = element.shadowRoot.querySelectorAll('[id^=imgSourceCover-]');
+      return [...covers].slice(0, 2).map((each) => {
+        each.focus();
+        return each.ariaLabel;
+      });
+    });
+    assert.deepEqual(labels, ['switch', 'lamp']);
+  }));
+
 const BUTTONS = { en: 'Reset|Instructions', fr: 'Effacer|Consignes' };
 
 const ATTRIBUTES = [

@@ -231,6 +231,19 @@ export class PictureBoxView extends ControlView {
   }
 }
 
+/**
+ * What the file of a picture is called, without its kind.
+ * @param {string} url
+ */
+function nameOf(url) {
+  const [name] = url.split(/[?#]/, 1)[0].split('/').at(-1)?.split('.', 1) ?? [''];
+  try {
+    return decodeURIComponent(name);
+  } catch {
+    return name; // a percent sign of its own
+  }
+}
+
 export class PictureButtonView extends ControlView {
   #picture = 0;
   /** @type {HTMLImageElement | undefined} */
@@ -273,14 +286,7 @@ export class PictureButtonView extends ControlView {
 
   /** @override */
   text() {
-    const caption = this.#caption?.textContent;
-    if (caption) return caption;
-    const [name] =
-      decodeURIComponent(this.#image?.src ?? '')
-        .split('/')
-        .at(-1)
-        ?.split('.') ?? [];
-    return name ?? '';
+    return this.#caption?.textContent || nameOf(this.#image?.src ?? '');
   }
 
   /** @param {number} picture */
