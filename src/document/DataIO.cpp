@@ -187,8 +187,8 @@ bool DataIO::HasAttribute(std::string_view name) const {
   return tree_.FindAttribute(cursor_, name) != nullptr;
 }
 
-OptionalText DataIO::GetAttribute(std::string_view name) const {
-  return {tree_.FindAttribute(cursor_, name)};
+DocumentValue DataIO::GetAttribute(std::string_view name) const {
+  return AttributeOf(cursor_, name);
 }
 
 bool DataIO::SetAttribute(std::string_view name, std::string_view value) {
@@ -233,17 +233,17 @@ std::int32_t DataIO::FindChildText(std::string_view part) const {
   return -1;
 }
 
-OptionalText DataIO::GetChildAttribute(std::int32_t index, std::string_view name) const {
-  return {tree_.FindAttribute(tree_.ChildElement(cursor_, index), name)};
+DocumentValue DataIO::GetChildAttribute(std::int32_t index, std::string_view name) const {
+  return AttributeOf(tree_.ChildElement(cursor_, index), name);
 }
 
-OptionalText DataIO::GetChildAttributeByName(std::string_view child, std::string_view name) const {
+DocumentValue DataIO::GetChildAttributeByName(std::string_view child, std::string_view name) const {
   for (NodeId node = tree_.At(cursor_).firstChild; node != XmlTree::kNone;
        node = tree_.At(node).next) {
     const XmlTree::Node& found = tree_.At(node);
-    if (found.isElement && found.content == child) return {tree_.FindAttribute(node, name)};
+    if (found.isElement && found.content == child) return AttributeOf(node, name);
   }
-  return {};
+  return AttributeOf(XmlTree::kNone, name);
 }
 
 void DataIO::SetCurrentNode(NodeHandle node) {

@@ -21,6 +21,7 @@
 #include "automation/Handler.h"
 #include "automation/Object.h"
 #include "automation/Variant.h"
+#include "document/DocumentValue.h"
 #include "document/XmlTree.h"
 
 namespace zav {
@@ -72,12 +73,16 @@ class DataIO : public Object {
 
   [[nodiscard]] bool HasAttribute(std::string_view name) const;
   // Values of attributes are the document's own, good until it changes.
-  [[nodiscard]] OptionalText GetAttribute(std::string_view name) const;
+  [[nodiscard]] DocumentValue GetAttribute(std::string_view name) const;
   // Adds or replaces; False without a current element. Raises 5 for a name that XML does not
   // allow there, and for a value with characters that XML cannot carry.
   bool SetAttribute(std::string_view name, std::string_view value);
 
   [[nodiscard]] Variant GetText() const;
+  // A text of the current element's, with its place. The text must outlive the value.
+  [[nodiscard]] DocumentValue WithPlace(const std::string& text) const {
+    return {tree_, cursor_, {}, &text};
+  }
   // Replaces everything inside the current element; False without one. Raises 5 for a text with
   // characters that XML cannot carry.
   bool SetText(std::string_view text);
@@ -86,10 +91,10 @@ class DataIO : public Object {
   [[nodiscard]] Variant GetChildText(std::int32_t index) const;
   // The first child whose text contains that part; -1 for none.
   [[nodiscard]] std::int32_t FindChildText(std::string_view part) const;
-  [[nodiscard]] OptionalText GetChildAttribute(std::int32_t index, std::string_view name) const;
+  [[nodiscard]] DocumentValue GetChildAttribute(std::int32_t index, std::string_view name) const;
   // Of the first child element of that name.
-  [[nodiscard]] OptionalText GetChildAttributeByName(std::string_view child,
-                                                     std::string_view name) const;
+  [[nodiscard]] DocumentValue GetChildAttributeByName(std::string_view child,
+                                                      std::string_view name) const;
 
   // Another number after every change of the document.
   [[nodiscard]] std::uint64_t Revision() const { return revision_; }
@@ -110,6 +115,9 @@ class DataIO : public Object {
   [[nodiscard]] NodeId FindInScope(std::string_view name) const;
   bool MoveTo(NodeId node);
   [[nodiscard]] Variant TextOf(NodeId element) const;
+  [[nodiscard]] DocumentValue AttributeOf(NodeId element, std::string_view name) const {
+    return {tree_, element, name, tree_.FindAttribute(element, name)};
+  }
 
   FileReader readFile_;
   Object* owner_ = nullptr;

@@ -199,6 +199,31 @@ XmlTree::NodeId XmlTree::NextBelow(NodeId top, NodeId node) const {
   return node == top ? kNone : nodes_[node].next;
 }
 
+std::string XmlTree::PathOf(NodeId element) const {
+  std::string path = NumberedName(element);
+  NodeId above = nodes_[element].parent;
+  while (above != kNone && nodes_[nodes_[above].parent].parent != kNone) {
+    path = NumberedName(above).append(", ").append(path);
+    above = nodes_[above].parent;
+  }
+  return path;
+}
+
+std::string XmlTree::NumberedName(NodeId element) const {
+  const std::string& name = nodes_[element].content;
+  int number = 0;
+  int position = 0;
+  int sameNames = 0;
+  for (NodeId node = nodes_[nodes_[element].parent].firstChild; node != kNone;
+       node = nodes_[node].next) {
+    if (!nodes_[node].isElement) continue;
+    ++position;
+    if (node == element) number = position;
+    sameNames += nodes_[node].content == name;
+  }
+  return sameNames < 2 ? name : name + " " + std::to_string(number);
+}
+
 std::string XmlTree::TextOf(NodeId node) const {
   std::string text;
   for (NodeId next = node; next != kNone; next = NextBelow(node, next)) {

@@ -77,6 +77,10 @@ class XmlTree {
   // The first element of that name in document order that is top or stands below it, or none. Takes
   // no longer for a large tree where the store has one such element only.
   [[nodiscard]] NodeId FindElement(NodeId top, std::string_view name) const;
+  // How to tell the element from all others: its name, behind those of what it stands in, up to but
+  // without what stands right below the document element. One that has others of its name beside it
+  // is numbered from 1 among all elements there: "Group 2, ItemSettings".
+  [[nodiscard]] std::string PathOf(NodeId element) const;
   // The texts below the node, one after the other.
   [[nodiscard]] std::string TextOf(NodeId node) const;
   [[nodiscard]] bool TextContains(NodeId node, std::string_view part) const;
@@ -97,6 +101,7 @@ class XmlTree {
   [[nodiscard]] NodeId PreviousElement(NodeId child) const;
   [[nodiscard]] bool StandsIn(NodeId top, NodeId node) const;
   void Unlink(NodeId node);
+  [[nodiscard]] std::string NumberedName(NodeId element) const;
   void Free(NodeId node);
 
   std::deque<Node> nodes_;  // by id; a free one has serial 0

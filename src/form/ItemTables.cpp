@@ -11,8 +11,11 @@ namespace {
 
 AutomationError OutOfRange() { return {error_number::kIndexOutOfRange, "Subscript out of range"}; }
 
-float Pixels(OptionalText authored, std::int16_t twipsPerPixel) {
-  if (twipsPerPixel == 0) RaiseError(error_number::kDivisionByZero, "Division by zero");
+float Pixels(const DocumentValue& authored, std::int16_t twipsPerPixel) {
+  if (twipsPerPixel == 0) {
+    authored.Refuse(error_number::kDivisionByZero,
+                    "cannot be measured: the item's twips per pixel are 0");
+  }
   return ToSingle(authored) / static_cast<float>(twipsPerPixel);
 }
 
@@ -49,11 +52,11 @@ std::int16_t& SourceUsesTable::operator()(int source, int column) {
   return uses_[static_cast<std::size_t>(source)][static_cast<std::size_t>(column)];
 }
 
-float ItemTables::PixelsX(OptionalText authored) const {
+float ItemTables::PixelsX(const DocumentValue& authored) const {
   return Pixels(authored, ItemTwipsPerPixelX);
 }
 
-float ItemTables::PixelsY(OptionalText authored) const {
+float ItemTables::PixelsY(const DocumentValue& authored) const {
   return Pixels(authored, ItemTwipsPerPixelY);
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "controls/clsGroup.h"
+#include "document/DocumentValue.h"
 #include "document/KeyedList.h"
 #include "document/clsTarget.h"
 #include "platform/Geometry.h"
@@ -67,10 +68,10 @@ struct ItemTables {
   std::int32_t SourceAreaHeight = 0;  // twips of the running display
   std::int32_t SourceAreaWidth = 0;
 
-  // An authored position or size in pixels. Raises 13 for text that is no number, 11 when the item
-  // does not say how its display was measured.
-  [[nodiscard]] float PixelsX(OptionalText authored) const;
-  [[nodiscard]] float PixelsY(OptionalText authored) const;
+  // An authored position or size in pixels. Refuses with 13 what is no number, with 11 everything
+  // when the item does not say how its display was measured.
+  [[nodiscard]] float PixelsX(const DocumentValue& authored) const;
+  [[nodiscard]] float PixelsY(const DocumentValue& authored) const;
 
   // The record of the group that the tag names. Raises 5 for a group that is not there.
   clsGroup& GroupOf(std::string_view tag);

@@ -43,16 +43,19 @@ void SourceArea::LoadGroup(int entry) {
   DataIO& document = form_.Document();
   const ItemTables& tables = form_.tables;
   clsGroup group;
-  group.GroupId = ToText(document.GetAttribute("GroupID"));
-  const auto size = [&](std::string_view name) {
-    return document.GetChildAttributeByName("ItemSettings", name);
-  };
-  group.ItemHeight = RoundToInt16(tables.PixelsY(size("ItemHeight")) * form_.TwipsY());
-  group.ItemWidth = RoundToInt16(tables.PixelsX(size("ItemWidth")) * form_.TwipsX());
+  const DocumentValue id = document.GetAttribute("GroupID");
+  group.GroupId = id.View();
+  const DocumentValue height = document.GetChildAttributeByName("ItemSettings", "ItemHeight");
+  const DocumentValue width = document.GetChildAttributeByName("ItemSettings", "ItemWidth");
+  group.ItemHeight = RoundToInt16(tables.PixelsY(height) * form_.TwipsY(), height);
+  group.ItemWidth = RoundToInt16(tables.PixelsX(width) * form_.TwipsX(), width);
+  if (entry >= kMostGroups) {
+    id.Refuse(error_number::kMissingElement, "is one too many: there is room for 8");
+  }
   HtmlPane& heading = form_.controls.txtSourceHeading[entry + 1];
   group.Heading = &heading;
   const std::string groupId = group.GroupId;
-  form_.tables.GroupList.Add(std::move(group), groupId);
+  id.Use([&] { form_.tables.GroupList.Add(std::move(group), groupId); }, "is in use already");
   document.MoveToChild(2);
   document.MoveToChild(0);
   LoadHeading(heading, groupId);
@@ -75,10 +78,10 @@ void SourceArea::SizeSourcePicture() {
   document.SetFromRoot(true);
   document.FindNode("SourceArea");
   ItemTables& tables = form_.tables;
-  tables.SourceAreaHeight =
-      RoundToInt32(tables.PixelsY(document.GetAttribute("Height")) * form_.TwipsY());
-  tables.SourceAreaWidth =
-      RoundToInt32(tables.PixelsX(document.GetAttribute("Width")) * form_.TwipsX());
+  const DocumentValue height = document.GetAttribute("Height");
+  const DocumentValue width = document.GetAttribute("Width");
+  tables.SourceAreaHeight = RoundToInt32(tables.PixelsY(height) * form_.TwipsY(), height);
+  tables.SourceAreaWidth = RoundToInt32(tables.PixelsX(width) * form_.TwipsX(), width);
   form_.controls.pcSource.Resize(static_cast<float>(tables.SourceAreaWidth),
                                  static_cast<float>(tables.SourceAreaHeight));
 }
@@ -136,13 +139,11 @@ SourceArea::SourceEntry SourceArea::ReadEntry() {
 
 // Groups are compared exactly as they are written, unlike the keys of their list.
 clsGroup& SourceArea::GroupOfEntry() {
-  const std::string_view groupId = form_.Document().GetAttribute("GroupID").View();
+  const DocumentValue id = form_.Document().GetAttribute("GroupID");
   for (clsGroup& group : form_.tables.GroupList) {
-    if (group.GroupId == groupId) return group;
+    if (group.GroupId == id.View()) return group;
   }
-  RaiseError(
-      error_number::kObjectNotSet,
-      {"Source ", form_.Document().GetAttribute("SourceID").View(), " names no group: ", groupId});
+  id.Refuse(error_number::kObjectNotSet, "names no group");
 }
 
 PictureRef SourceArea::ReadPicture() {

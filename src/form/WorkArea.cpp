@@ -52,12 +52,13 @@ void WorkArea::LoadPicture() {
   document.SetFromRoot(true);
   document.FindNode("WorkArea");
   PictureBox& work = form_.controls.pcWork;
+  const DocumentValue width = document.GetAttribute("Width");
   work.SetHeight(form_.tables.PixelsY(document.GetAttribute("Height")) * form_.TwipsY());
-  work.SetWidth(form_.tables.PixelsX(document.GetAttribute("Width")) * form_.TwipsX());
+  work.SetWidth(form_.tables.PixelsX(width) * form_.TwipsX());
   work.SetBackColor(ToColor(document.GetAttribute("BackColor")));
   const std::string imagePath = ToText(document.GetAttribute("ImagePath"));
   form_.controls.pcWorkLoad.SetPicture(pages_.LoadGraphic(form_.Owner().ExtParent(), imagePath));
-  form_.controls.scrWork.SetScrollWidth(static_cast<float>(RoundToInt32(work.width())));
+  form_.controls.scrWork.SetScrollWidth(static_cast<float>(RoundToInt32(work.width(), width)));
 }
 
 void WorkArea::LoadLabels() {
@@ -80,7 +81,8 @@ void WorkArea::LoadLabel(int entry) {
   label.SetCaption(ToText(document.GetText()));
   label.SetFont(AuthoredFont(document));
   label.SetForeColor(ToColor(document.GetAttribute("ForeColor")));
-  label.SetAlignment(ToInt16(document.GetAttribute("Alignment")));
+  const DocumentValue alignment = document.GetAttribute("Alignment");
+  alignment.Use([&] { label.SetAlignment(ToInt16(alignment.Text())); }, "is not 0, 1 or 2");
   document.MoveToParent();
   document.MoveToParent();
 }
@@ -93,6 +95,10 @@ void WorkArea::LoadCallouts() {
 void WorkArea::LoadCallout(int entry) {
   DataIO& document = form_.Document();
   const ItemTables& tables = form_.tables;
+  const DocumentValue id = document.GetChildAttribute(entry, "CalloutID");
+  if (entry >= kMostCallouts) {
+    id.Refuse(error_number::kMissingElement, "is one too many: there is room for 5");
+  }
   HtmlPane& callout = form_.controls.txtCallout[entry + 1];
   callout.SetHasBorder(true);
   const auto atLeast0 = [](float pixels) { return ToText(std::max(pixels, 0.0F)); };
@@ -100,8 +106,7 @@ void WorkArea::LoadCallout(int entry) {
   const std::string left = atLeast0(tables.PixelsX(document.GetChildAttribute(entry, "Left")));
   const std::string height = atLeast0(tables.PixelsY(document.GetChildAttribute(entry, "Height")));
   const std::string width = atLeast0(tables.PixelsX(document.GetChildAttribute(entry, "Width")));
-  callout.SetTag(Concatenate({top, ":", left, ":", height, ":", width, ":",
-                              document.GetChildAttribute(entry, "CalloutID").View()}));
+  callout.SetTag(Concatenate({top, ":", left, ":", height, ":", width, ":", id.View()}));
   document.MoveToChild(entry);
   document.MoveToChild(0);
   pages_.Load(callout, createCallout(ToText(document.GetText()), height));
@@ -130,10 +135,12 @@ void WorkArea::LoadShape() {
   pen.drawWidth = ToInt32(document.GetAttribute("DrawWidth"));
   pen.drawColor = ToColor(document.GetAttribute("DrawColor"));
   const auto x = [&](std::int32_t corner) {
-    return RoundToInt32(form_.tables.PixelsX(document.GetChildAttribute(corner, "X")));
+    const DocumentValue value = document.GetChildAttribute(corner, "X");
+    return RoundToInt32(form_.tables.PixelsX(value), value);
   };
   const auto y = [&](std::int32_t corner) {
-    return RoundToInt32(form_.tables.PixelsY(document.GetChildAttribute(corner, "Y")));
+    const DocumentValue value = document.GetChildAttribute(corner, "Y");
+    return RoundToInt32(form_.tables.PixelsY(value), value);
   };
   for (std::int32_t j = 0; j < corners; ++j) {
     const std::int32_t next = (j + 1) % corners;  // the last segment closes the outline
@@ -151,15 +158,17 @@ void WorkArea::LoadTarget(int entry) {
   DataIO& document = form_.Document();
   FormControls& controls = form_.controls;
   const int target = entry + 1;
-  const std::string tag = MakeTag(document.GetChildAttribute(entry, "TargetID").View(),
-                                  document.GetChildAttribute(entry, "GroupID").View(),
-                                  document.GetChildAttribute(entry, "AnswerValue").View());
+  const DocumentValue id = document.GetChildAttribute(entry, "TargetID");
+  const DocumentValue group = document.GetChildAttribute(entry, "GroupID");
+  const std::string tag =
+      MakeTag(id.View(), group.View(), document.GetChildAttribute(entry, "AnswerValue").View());
   const float top = form_.tables.PixelsY(document.GetChildAttribute(entry, "Top"));
   const float left = form_.tables.PixelsX(document.GetChildAttribute(entry, "Left"));
   clsTarget record;
-  record.GroupId = ToInt16(document.GetChildAttribute(entry, "GroupID"));
-  record.TargetID = ToInt16(document.GetChildAttribute(entry, "TargetID"));
-  form_.tables.TargetList.Add(std::move(record), GetObjectId(tag));
+  record.GroupId = ToInt16(group);
+  record.TargetID = ToInt16(id);
+  id.Use([&] { form_.tables.TargetList.Add(std::move(record), GetObjectId(tag)); },
+         "is in use already");
   const std::string letter(FirstCharacters(GetAnswerId(tag), 1));
   if (!letter.empty()) form_.tables.TargetsByLetter.emplace(letter, target);
   controls.imgTarget.Load(target).MoveTo(left, top);
@@ -199,9 +208,10 @@ bool WorkArea::ShowTarget(int target, std::string& loadedName, std::string& load
   PictureButton& picture = form_.controls.imgTarget[target];
   document.SetFromRoot(true);
   document.FindNode("Groups");
-  if (!document.MoveToChild(ToInt32(GetGroupId(picture.tag())) - 1)) {
-    RaiseError(error_number::kIndexOutOfRange, {"Target ", GetObjectId(picture.tag()),
-                                                " names no group: ", GetGroupId(picture.tag())});
+  if (!document.MoveToChild(form_.tables.TargetList.Item(target).GroupId - 1)) {
+    EnterList(document, "Targets");
+    document.GetChildAttribute(target - 1, "GroupID")
+        .Refuse(error_number::kIndexOutOfRange, "names no group");
   }
   const std::string name = ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));
   if (name != loadedName) {
