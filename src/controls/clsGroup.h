@@ -19,6 +19,11 @@ struct clsGroup {
   std::vector<RichText*> Sources;  // text panes of the group's items, in source order
   HtmlPane* Heading = nullptr;     // shows the group's heading; both belong to the form
 
+  // A number kept for whoever sets it, from text and back; nothing here does. Raises 13 and 6.
+  void SetStartLocation(const std::string& text) { startLocation = ToInt32(text); }
+  [[nodiscard]] std::string StartLocation() const { return ToText(startLocation); }
+  std::int32_t startLocation = 0;
+
   // The room that the group's items take, in hundreds of twips squared.
   [[nodiscard]] std::int32_t GetArea() const {
     return RoundToInt32((ItemWidth / 100.0) * (ItemHeight / 100.0) * SourceCount);

@@ -94,12 +94,21 @@ void RequireXmlName(std::string_view name) {
 DataIO::DataIO(FileReader readFile) : readFile_(readFile) {}
 
 void DataIO::LoadXml(std::string_view source) {
-  const std::string_view text = WithoutMark(source);
-  const NodeId loaded =
-      IsXml(text) ? ParseXml(tree_, text, XmlEncoding::Utf8) : ParseFile(std::string(source));
+  if (IsXml(WithoutMark(source))) {
+    LoadText(source);
+  } else {
+    Replace(ParseFile(std::string(source)));
+  }
+}
+
+void DataIO::LoadText(std::string_view xml) {
+  Replace(ParseXml(tree_, WithoutMark(xml), XmlEncoding::Utf8));
+}
+
+void DataIO::Replace(NodeId root) {
   Clear();
-  root_ = loaded;
-  cursor_ = loaded;
+  root_ = root;
+  cursor_ = root;
 }
 
 DataIO::NodeId DataIO::ParseFile(const std::string& path) {

@@ -47,6 +47,8 @@ class DataIO : public Object {
   // document element. Raises a component error that names line and column for what is not
   // well-formed and for a DOCTYPE; the document that was there then stays.
   void LoadXml(std::string_view source);
+  // The same for a text that is XML whatever it begins with, and never a path.
+  void LoadText(std::string_view xml);
   void Clear();
 
   // These tell whether there is such an element; when there is none the cursor stays.
@@ -112,6 +114,7 @@ class DataIO : public Object {
   using NodeId = XmlTree::NodeId;
 
   NodeId ParseFile(const std::string& path);
+  void Replace(NodeId root);
   [[nodiscard]] NodeId FindInScope(std::string_view name) const;
   bool MoveTo(NodeId node);
   [[nodiscard]] Variant TextOf(NodeId element) const;

@@ -14,7 +14,7 @@ constexpr std::string_view kRecordPrefix =
 
 // Puts source on the section and tells how many children it has.
 std::int32_t EnterSection(DataIO& source, std::string_view xml, std::string_view section) {
-  source.LoadXml(xml);
+  source.LoadText(xml);
   return source.FindNode(section) ? source.ChildCount() : 0;
 }
 
@@ -75,7 +75,7 @@ std::string RestoreResponses(std::string_view recordText) {
 
 std::string CommaForm(std::string_view xml) {
   DataIO section;
-  section.LoadXml(xml);
+  section.LoadText(xml);
   std::string text;
   for (std::int32_t index = 0; index < section.ChildCount(); ++index) {
     text.append(", ").append(ToText(section.GetChildText(index)));

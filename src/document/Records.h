@@ -1,7 +1,7 @@
 // Conversions between the sections of the item document and the records that hosts exchange.
 //
-// Every text is XML unless said otherwise. A text that does not parse raises the document's error;
-// an empty one, which is no XML, raises 53.
+// Every text is XML unless said otherwise. A text that does not parse, or that is empty, raises the
+// document's error.
 #pragma once
 
 #include <string>

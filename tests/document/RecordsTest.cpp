@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "automation/Conversions.h"
+#include "controls/clsGroup.h"
 #include "document/ItemTag.h"
 #include "document/KeyedList.h"
 #include "document/clsStatus.h"
@@ -89,6 +90,9 @@ TEST(Records, RaiseForWhatDoesNotParse) {
     EXPECT_NE(Catch([&] { ConvertResponse(bad); }).number, 0) << bad;
     EXPECT_NE(Catch([&] { CommaForm(bad); }).number, 0) << bad;
   }
+  EXPECT_EQ(Catch([] { ConvertKey("A1 AND B2"); }).description,
+            "XML error at line 1, column 1: expected an element, found \"A1 AND B2\"")
+      << "and no path";
   EXPECT_NE(Catch([] { RestoreResponses("</Root><Root>"); }).number, 0);
   EXPECT_NE(Catch([] { StateFromResponseText("<UserAnswers>"); }).number, 0);
 }
@@ -195,6 +199,15 @@ TEST(KeyedList, FindsByPositionAndByKey) {
   EXPECT_EQ(Catch([&] { list.Item(0); }).number, 9);
   EXPECT_EQ(Catch([&] { list.Item(1002); }).number, 9);
   EXPECT_EQ(Catch([&] { list.Item("1000"); }).number, 5);
+}
+
+TEST(Group, KeepsAStartLocationThatIsANumber) {
+  clsGroup group;
+  EXPECT_EQ(group.StartLocation(), "0");
+  group.SetStartLocation(" 1e2 ");
+  EXPECT_EQ(group.StartLocation(), "100");
+  EXPECT_EQ(Catch([&] { group.SetStartLocation("x"); }).number, 13);
+  EXPECT_EQ(group.StartLocation(), "100");
 }
 
 }  // namespace
