@@ -208,9 +208,15 @@ void frmMain::WirePages() {
     // A carried item may be used or taken away by a command.
     if (rooms_->keyboard.Carrying()) CancelDrag(core(), rooms_->drags);
     if (event.sourceId == "btnReset" && !core().options.ReadOnly) rooms_->commands.cmdReset_Click();
-    if (event.sourceId == "btnCalculator") rooms_->commands.cmdCalculator_Click();
     if (event.sourceId == "btnInstructions") rooms_->commands.cmdInstructions_Click();
-    if (event.sourceId == "btnSetAnswers") rooms_->setAnswers.cmdSetAnswers_Click();
+    // Captions are HTML and may bring a button of any name.
+    const FormOptions& options = core().options;
+    if (event.sourceId == "btnCalculator" && options.LorDriver) {
+      rooms_->commands.cmdCalculator_Click();
+    }
+    if (event.sourceId == "btnSetAnswers" && options.ShowAnswers) {
+      rooms_->setAnswers.cmdSetAnswers_Click();
+    }
   };
   rooms_->commands.onInstructionsLoaded = [](HtmlPane& pane) {
     pane.onPageEvent = SuppressPageEvent;

@@ -44,7 +44,8 @@ class DisplayInt {
                                         std::string& sStateMsg) = 0;
   // The size of the state snapshot, 12 bytes more than its text takes.
   virtual std::int32_t GetExternalStateBytes() = 0;
-  // Fills the host's array with the snapshot, lBytes of it at most, and zeroes the rest.
+  // Fills lBytes of the host's array with the snapshot and zeroes what is left of them; bytes after
+  // those stay.
   virtual void GetExternalStateArray(SafeArray& arState, std::int32_t lBytes) = 0;
   // lRespType: 0 the key, 1 the responses, in the item's record format.
   virtual bool GetResponse(std::int32_t lRespType, SafeArray& arResponse, std::int32_t lBuffer) = 0;
@@ -55,7 +56,8 @@ class DisplayInt {
   // arInit holds the item's XML. lOptions: 0x1 read-only, 0x10 show answers, 0x100 calculator.
   virtual bool InitExternalDisplay(const SafeArray& arInit, std::int32_t lInitBytes,
                                    std::int32_t lOptions) = 0;
-  // Scores a response record and makes it the item's state.
+  // Scores a response record and makes it the item's state. A record that cannot be read leaves the
+  // counts as they were.
   virtual bool RescoreExternalDisplay(const SafeArray& arResponse, std::int32_t lRespBytes,
                                       ScoreCounts& counts) = 0;
   // The same for a record that is a Responses element already. XMLBA and lArrayLen are not used.

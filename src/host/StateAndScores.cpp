@@ -87,8 +87,11 @@ std::int32_t clsDragDrop::GetExternalStateBytes() {
 void clsDragDrop::GetExternalStateArray(SafeArray& arState, std::int32_t lBytes) {
   Member("GetExternalStateArray", [&] {
     const std::size_t filled = FillArray(arState, StateXml(), lBytes);
-    std::fill(arState.Bytes().begin() + static_cast<std::ptrdiff_t>(filled), arState.Bytes().end(),
-              std::uint8_t{0});
+    std::vector<std::uint8_t>& bytes = arState.Bytes();
+    const std::size_t wanted =
+        std::min(bytes.size(), static_cast<std::size_t>(std::max(lBytes, 0)));
+    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(filled),
+              bytes.begin() + static_cast<std::ptrdiff_t>(wanted), std::uint8_t{0});
   });
 }
 
@@ -164,7 +167,7 @@ bool clsDragDrop::GetScoreInfo(std::int16_t& nItems, float& fMaxScore, float& fM
     nItems = 1;
     const CursorScope keep(DataIO());
     DataIO().SetFromRoot(true);
-    EngineDocument()->LoadXml(DataIO().GetNodeXml("Answers"));
+    EngineDocument()->LoadText(DataIO().GetNodeXml("Answers"));
     fMaxScore = ToSingle(Engine().MaxScore());
     fMinScore = ToSingle(Engine().MinScore());
   });
@@ -207,14 +210,22 @@ void clsDragDrop::ScoreState(ScoreCounts& counts, ScoredDocument scored) {
 bool clsDragDrop::RescoreExternalDisplay(const SafeArray& arResponse, std::int32_t lRespBytes,
                                          ScoreCounts& counts) {
   if (controlHost_.busy()) RaiseBusy();
-  return Member("DisplayInt_RescoreExternalDisplay", [&] {
-    counts = {};
-    if (lRespBytes < 1) return;
+  bool isRead = true;
+  const bool done = Member("DisplayInt_RescoreExternalDisplay", [&] {
+    if (lRespBytes < 1) {
+      counts = {};
+      return;
+    }
     const std::string text = TextOfArray(arResponse);
     std::string stateXml;
-    Trap(*moErrorDisplay_, "ConvertResponse", [&] { stateXml = StateFromResponseText(text); });
-    Rescore(stateXml, counts);
+    isRead = false;
+    Trap(*moErrorDisplay_, "ConvertResponse", [&] {
+      stateXml = StateFromResponseText(text);
+      isRead = true;
+    });
+    if (isRead) Rescore(stateXml, counts);
   });
+  return done && isRead;
 }
 
 bool clsDragDrop::RescoreExternalDisplayQuick(const SafeArray& arResponse, std::int32_t lRespBytes,
@@ -222,8 +233,10 @@ bool clsDragDrop::RescoreExternalDisplayQuick(const SafeArray& arResponse, std::
                                               std::int32_t& /*lArrayLen*/) {
   if (controlHost_.busy()) RaiseBusy();
   return Member("DisplayInt_RescoreExternalDisplayQuick", [&] {
-    counts = {};
-    if (lRespBytes < 1) return;
+    if (lRespBytes < 1) {
+      counts = {};
+      return;
+    }
     Rescore(Concatenate({"<State>", TextOfArray(arResponse), "</State>"}), counts);
   });
 }
@@ -232,6 +245,7 @@ void clsDragDrop::Rescore(const std::string& stateXml, ScoreCounts& counts) {
   const bool itemIsKnown = DataIO().Revision() == rescored_.itemRevision;
   ReplaceState(stateXml);
   if (!itemIsKnown) rescored_ = {};
+  counts = {};
   ScoreState(counts, ScoredDocument::WholeItem);
 }
 

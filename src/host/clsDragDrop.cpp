@@ -5,6 +5,7 @@
 
 #include "automation/Conversions.h"
 #include "automation/Text.h"
+#include "document/ItemText.h"
 #include "document/Records.h"
 #include "form/frmMain.h"
 
@@ -163,7 +164,7 @@ void clsDragDrop::Initialise(const SafeArray& arInit, std::int32_t lOptions) {
 }
 
 std::string clsDragDrop::LoadItem(zav::DataIO& document, const SafeArray& arInit) {
-  document.LoadXml(Utf16LeToUtf8(arInit.Bytes()));
+  document.LoadText(ItemText(arInit.Bytes()));
   document.SetFromRoot(true);
   if (!document.FindNode("DragAndDropItem")) {
     RaiseError(error_number::kComponent, "The item has no element DragAndDropItem",
@@ -226,15 +227,33 @@ void clsDragDrop::AttachForm(WindowHandle parent) {
   moForm_->SetPreviousParent(controlHost_.services().SetParent(moForm_->hwnd(), parent));
 }
 
+std::string clsDragDrop::GetStaticStringsXml() {
+  std::string path;
+  Member("GetStaticStringsXml", [&] { path = msStaticPath_; });
+  return path;
+}
+
+std::int32_t clsDragDrop::ReadFileBytes(const std::string& path, std::vector<std::uint8_t>& bytes) {
+  if (path.empty()) return 0;
+  bytes = controlHost_.services().ReadFile(path);
+  return static_cast<std::int32_t>(bytes.size());
+}
+
+bool clsDragDrop::WriteFileBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  controlHost_.services().WriteFile(path, bytes);
+  return true;
+}
+
 // A file that is missing or that cannot be read is one without bytes.
 std::vector<std::uint8_t> clsDragDrop::ReadCaseFile(const std::string& caseCode) {
   const std::string path = GetGraphicsPath(moExternalSupport_, Concatenate({caseCode, ".xml"}));
-  if (path.empty()) return {};
+  std::vector<std::uint8_t> bytes;
   try {
-    return controlHost_.services().ReadFile(path);
+    ReadFileBytes(path, bytes);
   } catch (const AutomationError&) {
     return {};
   }
+  return bytes;
 }
 
 void clsDragDrop::CreateCaseStudy(std::vector<std::uint8_t> bytes) {

@@ -116,6 +116,20 @@ class clsDragDrop : public Object,
   // Builds the item anew and shows it in that rectangle.
   bool Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth, std::int32_t lHeight);
 
+  // For whoever stands beside the form in this process; hosts do not have these by name.
+  //
+  // The path of the static strings file, as the support object gave it. Reports under
+  // "GetStaticStringsXml".
+  std::string GetStaticStringsXml();
+  [[nodiscard]] clsErrorDisplay& ErrorDisplay() { return *moErrorDisplay_; }
+  // The engine that scores; until one is stored, that of the class registry.
+  [[nodiscard]] zav::ScoringEngine& ScoreEngine() { return Engine(); }
+  void SetScoreEngine(ScoringEngineRef engine) { moScoreEngine_ = std::move(engine); }
+  // A whole file; the count of its bytes, 0 without a path. Raises 53 and 75 as ReadFile does.
+  std::int32_t ReadFileBytes(const std::string& path, std::vector<std::uint8_t>& bytes);
+  // Replaces the file by the bytes. Raises 75.
+  bool WriteFileBytes(const std::string& path, const std::vector<std::uint8_t>& bytes);
+
   // The form, from initialisation until the item is freed; null otherwise. For platforms, tests
   // and pictures of it.
   [[nodiscard]] frmMain* form() { return moForm_.get(); }

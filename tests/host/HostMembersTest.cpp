@@ -9,6 +9,7 @@
 #include "automation/Conversions.h"
 #include "automation/Text.h"
 #include "form/FormCore.h"
+#include "hosting/ScoreEngine.h"
 #include "support/Intercepted.h"
 #include "support/SmallItem.h"
 #include "support/TemporaryFolder.h"
@@ -205,6 +206,69 @@ TEST(Display, TellsItsWindowWhileItCanBeSeen) {
   EXPECT_EQ(host.item().SetParentWnd(77), 77);
 }
 
+// The old window is gone, and the new one stands in the host's, when the host is asked for a
+// picture of the instructions.
+TEST(Instructions, OpenBeforeTheirPicturesAreAskedFor) {
+  ItemFixture* shown = nullptr;
+  std::string forms;
+  const auto listen = [&](std::string_view,
+                          std::span<Variant> arguments) -> std::optional<Variant> {
+    if (arguments.empty() || ToText(arguments[0]) != "help.png") return std::nullopt;
+    const WindowTable& windows = shown->host.platform().windows();
+    for (const WindowHandle handle : windows.Order()) {
+      const Window& window = *windows.Find(handle);
+      if (window.owner != Window::Owner::Form) continue;
+      forms += window.parent == shown->host.window() ? "inside " : "outside ";
+    }
+    return std::string();
+  };
+  ItemFixture item(SmallItem({{"Drag the items.", R"(&lt;img src="help.png"&gt;)"}}),
+                   Intercept(listen));
+  shown = &item;
+  item.candidate.ClickButton("btnInstructions");
+  EXPECT_EQ(forms, "inside inside ");
+  item.candidate.ClickButton("btnInstructions");
+  EXPECT_EQ(forms, "inside inside inside inside ");
+}
+
+// A caption may bring a button of any name; what the host did not allow stays without effect.
+TEST(Footer, DoesWhatTheOptionsAllowOnly) {
+  for (const std::int32_t lOptions : {0, 0x110}) {
+    bool calculates = false;
+    const auto listen = [&](std::string_view, std::span<Variant> arguments) {
+      calculates = calculates || (!arguments.empty() && ToText(arguments[0]) == "dcalc.exe");
+      return std::optional<Variant>();
+    };
+    ItemFixture item(SmallItem(), Intercept(listen, WithOptions(lOptions)));
+    for (const char* button : {"btnSetAnswers", "btnCalculator"}) {
+      PageEvent event;
+      event.type = "click";
+      event.sourceId = button;
+      item.form().controls.brwButtons.onPageEvent(event);
+    }
+    EXPECT_EQ(item.Responses(), lOptions == 0 ? "" : "A1 B2 D12");
+    EXPECT_EQ(calculates, lOptions != 0);
+  }
+}
+
+TEST(FormsMembers, GiveWhatTheComponentHas) {
+  ItemFixture item(SmallItem());
+  clsDragDrop& component = item.host.item();
+  EXPECT_TRUE(Contains(component.GetStaticStringsXml(), "KVStatic.xml"));
+  EXPECT_EQ(&component.ErrorDisplay(), item.form().Owner().Module().gErrorDisplay);
+  const TemporaryFolder folder;
+  const std::vector<std::uint8_t> written = {0, 255, 10};
+  std::vector<std::uint8_t> read = {1};
+  EXPECT_EQ(component.ReadFileBytes("", read), 0);
+  EXPECT_EQ(read.size(), 1) << "no file, nothing changed";
+  EXPECT_TRUE(component.WriteFileBytes(folder.Path("bytes"), written));
+  EXPECT_EQ(component.ReadFileBytes(folder.Path("bytes"), read), 3);
+  EXPECT_EQ(read, written);
+  const auto engine = std::make_shared<ScoreEngine>();
+  component.SetScoreEngine(engine);
+  EXPECT_EQ(&component.ScoreEngine(), engine.get());
+}
+
 TEST(StateSection, IsMadeWhereThereIsNone) {
   ReferenceHost host(SmallItem());
   host.Init();
@@ -252,10 +316,11 @@ TEST(StateSnapshot, FillsTheHostsArrayAndNoMore) {
   } rows[] = {
       {"as large as was asked for", {{0, 46}}, 46, state + "000000", ""},
       {"another lower bound", {{-3, 34}}, 34, state, ""},
-      {"fewer bytes wanted: the rest is zeroed", {{1, 34}}, 14, "<State>0000000000", ""},
+      {"fewer bytes wanted: the rest is the host's own", {{1, 34}}, 14, "<State>..........", ""},
+      {"more than the snapshot: zeroed as far as wanted", {{0, 44}}, 38, state + "00...", ""},
       {"a smaller array", {{0, 6}}, 46, "<St", ""},
-      {"no bytes wanted", {{0, 4}}, 0, "00", ""},
-      {"less than none", {{0, 4}}, -8, "00", ""},
+      {"no bytes wanted", {{0, 4}}, 0, "..", ""},
+      {"less than none", {{0, 4}}, -8, "..", ""},
       {"two dimensions", {{0, 4}, {0, 2}}, 8, "....", "GetExternalStateArray"},
       {"empty", {{0, 0}}, 8, "", "GetExternalStateArray"},
       {"never sized", {}, 8, "", "GetExternalStateArray"},

@@ -30,6 +30,8 @@ void FooterCommands::Reset() {
     for (int s = 1; s <= form_.controls.imgSource.UpperBound(); ++s) {
       form_.tables.SourceUses(s, 2) = 0;
       form_.drag.SourceUsedUp = false;
+      // The outline stands round the whole item, as it does everywhere: round the text alone it
+      // would cross an item with a picture above its text.
       rooms_.sourceLook.ShowUsable(s);
     }
   });
@@ -57,24 +59,23 @@ void FooterCommands::SetCalc() {
 
 void FooterCommands::cmdInstructions_Click() {
   form_.Trap("cmdInstructions_Click", [&] {
-    CloseInstructions();
+    TakeInstructions().reset();
     OpenInstructions();
   });
 }
 
 void FooterCommands::OpenInstructions() {
-  const std::string text = rooms_.pages.RewriteGraphicsPaths(InstructionsText());
-  const std::string caption = ButtonText(form_.Owner(), "cmdShowInstruction");
+  const std::string text = InstructionsText();
   auto window = std::make_unique<frmInstructions>(form_.host);
   InstructionsPreviousParent_ =
       form_.host.services().SetParent(window->hwnd(), form_.Owner().ParentWnd());
   const Form& main = form_.controls.form;
   window->MoveTo((main.scaleWidth() - window->width()) / 2,
                  (main.scaleHeight() - window->height()) / 2);
-  window->SetCaption(caption);
+  window->SetCaption(ButtonText(form_.Owner(), "cmdShowInstruction"));
   if (onInstructionsLoaded) onInstructionsLoaded(window->txtInstructions);
   window->onClose = [this] { CloseInstructions(); };
-  window->SetInstText(text);
+  window->SetInstText(rooms_.pages.RewriteGraphicsPaths(text));
   window->Show();
   form_.Owner().Module().loadedForms.push_back(window.get());
   InstructionsForm_ = std::move(window);
@@ -92,12 +93,15 @@ std::string FooterCommands::InstructionsText() const {
   return ToText(document.GetText());
 }
 
-void FooterCommands::CloseInstructions() {
-  if (!InstructionsForm_) return;
-  std::erase(form_.Owner().Module().loadedForms, InstructionsForm_.get());
-  // It may be the window itself that asks to be closed.
-  form_.host.KeepUntilIdle(std::move(InstructionsForm_));
+std::unique_ptr<frmInstructions> FooterCommands::TakeInstructions() {
+  if (InstructionsForm_) {
+    std::erase(form_.Owner().Module().loadedForms, InstructionsForm_.get());
+  }
+  return std::move(InstructionsForm_);
 }
+
+// It is the window itself that asks to be closed.
+void FooterCommands::CloseInstructions() { form_.host.KeepUntilIdle(TakeInstructions()); }
 
 void FooterCommands::CloseWindows() {
   Services& services = form_.host.services();

@@ -48,6 +48,8 @@ class FooterCommands {
 
  private:
   void SetCalc();
+  // The open window, which then is none of the loaded ones any more; or null.
+  std::unique_ptr<frmInstructions> TakeInstructions();
   void CloseInstructions();
   void OpenInstructions();
   [[nodiscard]] std::string InstructionsText() const;
