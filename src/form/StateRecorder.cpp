@@ -1,5 +1,9 @@
 #include "form/StateRecorder.h"
 
+#include "automation/Conversions.h"
+#include "automation/Text.h"
+#include "document/Records.h"
+
 namespace zav {
 namespace {
 
@@ -33,8 +37,12 @@ bool EnterState(DataIO& document) {
 void StateRecorder::WriteStateResponse(std::string_view response) {
   DataIO& document = form_.Document();
   const RecorderScope keep(document);
-  if (!EnterState(document) || !document.FindNode("Responses") ||
-      !document.AddNode("Responses", "Response")) {
+  if (!EnterState(document)) {
+    EnsureStateSection(document);
+    EnterState(document);
+  }
+  if (!document.FindNode("Responses")) document.AddNode("State", "Responses");
+  if (!document.AddNode("Responses", "Response")) {
     RaiseError(error_number::kObjectNotSet, "The item has no state section");
   }
   document.SetText(response);

@@ -12,8 +12,8 @@ class StateRecorder {
  public:
   explicit StateRecorder(FormCore& form) : form_(form) {}
 
-  // Appends a response. Raises 91 when the document has no state section; the document is then
-  // unchanged.
+  // Appends a response. A state that the host set need not have room for one, or be there at all:
+  // what is missing is made. Raises 91 where that cannot be.
   void WriteStateResponse(std::string_view response);
 
   // Removes the first response whose text contains answerId, which is not empty. Reports under

@@ -1,23 +1,20 @@
 #include "form/StateRestorer.h"
 
-#include <vector>
-
-#include "automation/Conversions.h"
 #include "automation/Text.h"
 #include "form/ItemLookup.h"
 
 namespace zav {
 namespace {
 
-std::vector<std::string> ReadResponses(DataIO& document) {
-  std::vector<std::string> responses;
+// Puts the cursor on that element of the state section; False where there is none.
+bool EnterStateElement(DataIO& document, std::string_view name) {
+  document.SetFromRoot(true);
+  if (!document.FindNode("State")) return false;
   document.SetFromRoot(false);
-  if (!document.FindNode("Responses")) return responses;
-  const std::int32_t count = document.ChildCount();
-  responses.reserve(static_cast<std::size_t>(count));
-  for (std::int32_t i = 0; i < count; ++i) responses.push_back(ToText(document.GetChildText(i)));
-  return responses;
+  return document.FindNode(name);
 }
+
+std::string CurrentText(const DataIO& document) { return ToText(document.GetText()); }
 
 }  // namespace
 
@@ -25,57 +22,88 @@ void StateRestorer::LoadState() {
   form_.Trap("LoadState", [&] {
     DataIO& document = form_.Document();
     const CursorScope keep(document);
+    const StoredState state = ReadState();
     placement_.ForgetPlacements();
     document.SetFromRoot(true);
     if (!document.FindNode("State")) return;
-    const std::vector<std::string> responses = ReadResponses(document);
-    ReadScrollValues();
-    for (const std::string& response : responses) SetAnswer(response);
-    RestorePanes();
+    TakeScrollValues(state);
+    for (const NamedPlacement& placement : state.placements) {
+      form_.Trap("SetAnswer", [&] { Place(placement); });
+    }
+    RestorePanes(state);
   });
 }
 
-Variant StateRestorer::ViewValue(std::string_view name) const {
+StateRestorer::StoredState StateRestorer::ReadState() {
+  return {ReadPlacements(),
+          ReadView<bool>("ItemStemScroll", ToBoolean),
+          ReadView<std::int32_t>("WorkAreaScroll", ToInt32),
+          ReadView<std::int32_t>("SourceAreaScroll", ToInt32),
+          ReadView<float>("ItemStemHeight", ToSingle),
+          ReadView<float>("SourceAreaWidth", ToSingle)};
+}
+
+std::vector<StateRestorer::NamedPlacement> StateRestorer::ReadPlacements() {
+  std::vector<NamedPlacement> placements;
   DataIO& document = form_.Document();
-  document.SetFromRoot(true);
-  if (!document.FindNode("State")) return {};
-  document.SetFromRoot(false);
-  return document.FindNode(name) ? document.GetText() : Variant{};
+  if (!EnterStateElement(document, "Responses")) return placements;
+  const std::int32_t count = document.ChildCount();
+  for (std::int32_t i = 0; i < count; ++i) {
+    document.MoveToChild(i);
+    const std::string response = CurrentText(document);
+    form_.Trap("SetAnswer", [&] { placements.push_back(Find(document.WithPlace(response))); });
+    document.MoveToParent();
+  }
+  return placements;
 }
 
-void StateRestorer::ReadScrollValues() {
+template <typename Value>
+std::optional<Value> StateRestorer::ReadView(std::string_view name,
+                                             Value (*convert)(const DocumentValue&)) {
+  std::optional<Value> value;
+  form_.Trap("LoadState", [&] {
+    DataIO& document = form_.Document();
+    if (!EnterStateElement(document, name)) return;
+    const std::string text = CurrentText(document);
+    value = convert(document.WithPlace(text));
+  });
+  return value;
+}
+
+void StateRestorer::TakeScrollValues(const StoredState& state) {
   LayoutState& layout = form_.layout;
-  const Variant stem = ViewValue("ItemStemScroll");
-  const Variant work = ViewValue("WorkAreaScroll");
-  const Variant source = ViewValue("SourceAreaScroll");
-  const auto present = [](const Variant& value) { return value.index() != 0; };
-  if (present(stem)) layout.SavedItemStemScroll = ToBoolean(stem);
-  if (present(work)) layout.SavedWorkAreaScroll = ToInt32(work);
-  if (present(source)) layout.SavedSourceAreaScroll = ToInt32(source);
-  layout.SavedScrollComplete = present(stem) && present(work) && present(source);
+  layout.SavedItemStemScroll = state.itemStemScroll.value_or(layout.SavedItemStemScroll);
+  layout.SavedWorkAreaScroll = state.workAreaScroll.value_or(layout.SavedWorkAreaScroll);
+  layout.SavedSourceAreaScroll = state.sourceAreaScroll.value_or(layout.SavedSourceAreaScroll);
+  layout.SavedScrollComplete =
+      state.itemStemScroll && state.workAreaScroll && state.sourceAreaScroll;
 }
 
-void StateRestorer::RestorePanes() {
-  const Variant stemHeight = ViewValue("ItemStemHeight");
-  if (stemHeight.index() != 0) {
-    panes_.SetHeight("ItemStem", ToSingle(stemHeight));
+void StateRestorer::RestorePanes(const StoredState& state) {
+  if (state.itemStemHeight) {
+    panes_.SetHeight("ItemStem", *state.itemStemHeight);
     form_.layout.ItemStemHeightRestored = true;
   }
-  const Variant sourceSize = ViewValue("SourceAreaWidth");
-  if (sourceSize.index() != 0) panes_.SetSourceAreaSize(ToSingle(sourceSize));
+  if (state.sourceAreaSize) panes_.SetSourceAreaSize(*state.sourceAreaSize);
 }
 
-void StateRestorer::SetAnswer(const std::string& response) {
-  form_.Trap("SetAnswer", [&] {
-    const int source = FindSource(form_, WithoutFirstCharacters(response, 1));
-    const int target = FindTarget(form_, response);
-    if (source == 0 || target == 0) {
-      RaiseError(error_number::kIndexOutOfRange,
-                 {"No target and source item for the response ", response});
-    }
-    RunBoth([&] { placement_.TargetDragDrop(target, form_.controls.txtSource[source]); },
-            [&] { placement_.RecountUses(source); });
-  });
+void StateRestorer::SetAnswer(const DocumentValue& response) {
+  form_.Trap("SetAnswer", [&] { Place(Find(response)); });
+}
+
+StateRestorer::NamedPlacement StateRestorer::Find(const DocumentValue& response) const {
+  const int source = FindSource(form_, WithoutFirstCharacters(response.View(), 1));
+  const int target = FindTarget(form_, response.View());
+  if (source == 0 || target == 0) {
+    response.Refuse(error_number::kIndexOutOfRange, "names no target and source item");
+  }
+  return {source, target};
+}
+
+void StateRestorer::Place(const NamedPlacement& placement) {
+  const Control& item = form_.controls.txtSource[placement.source];
+  RunBoth([&] { placement_.TargetDragDrop(placement.target, item); },
+          [&] { placement_.RecountUses(placement.source); });
 }
 
 }  // namespace zav

@@ -1,6 +1,7 @@
 // The candidate's work in the state section: kept as it changes, and brought back onto the screen.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,7 +10,7 @@
 #include "automation/Text.h"
 #include "form/FormCore.h"
 #include "form/StateRecorder.h"
-#include "support/Raised.h"
+#include "support/Intercepted.h"
 #include "support/SmallItem.h"
 
 namespace zav {
@@ -118,8 +119,11 @@ TEST(StateRecorder, LeavesTheCursorAndWhatIsNotItsBusiness) {
   const std::string before = document.GetXml();
   recorder.WriteStateValue("New", "4");
   recorder.RemoveStateResponse("A1");
-  EXPECT_EQ(Catch([&] { recorder.WriteStateResponse("A1"); }).number, 91);
   EXPECT_EQ(document.GetXml(), before) << "without a state section";
+  recorder.WriteStateResponse("A1");
+  EXPECT_EQ(item.host.State(), "<State><Responses><Response>A1</Response></Responses></State>")
+      << "a response makes one";
+  EXPECT_EQ(document.ChildCount(), 2) << "still on the groups";
   EXPECT_EQ(Reports(item), "");
 }
 
@@ -137,8 +141,6 @@ TEST(LoadState, ReplaysWhatItFinds) {
       {"no such target", StateOf("B2 Z1 A1"), "Z1 B2 A1", "SetAnswer"},
       {"an empty response", "<State><Responses><Response/></Responses></State>", "", "SetAnswer"},
       {"a target alone", StateOf("A"), "A", "SetAnswer"},
-      {"a value that is none", StateOf("A1", "<WorkAreaScroll>all</WorkAreaScroll>"), "A1",
-       "LoadState"},
   };
   for (const auto& row : rows) {
     ItemFixture item(SmallItem());
@@ -148,6 +150,72 @@ TEST(LoadState, ReplaysWhatItFinds) {
     if (row.reports.empty()) {
       EXPECT_EQ(Faults(item), "") << row.why;
     }
+  }
+}
+
+// What is wrong with a state is told while the old one still stands, and takes nothing with it.
+TEST(LoadState, FindsOutFirstWhatCannotBeRestored) {
+  const struct {
+    const char* why;
+    std::string state;
+    std::string reports;
+    std::string says;
+  } rows[] = {
+      {"what was seen of the stem", StateOf("A1 C3", "<ItemStemScroll>x</ItemStemScroll>"),
+       "LoadState", R"(LoadState: ItemStemScroll "x" is neither True nor False (13))"},
+      {"what was seen of an area", StateOf("A1 C3", "<WorkAreaScroll>all</WorkAreaScroll>"),
+       "LoadState", R"(LoadState: WorkAreaScroll "all" is no number (13))"},
+      {"a pane's size", StateOf("A1 C3", "<SourceAreaWidth>1e99</SourceAreaWidth>"), "LoadState",
+       R"(LoadState: SourceAreaWidth "1e99" is out of range (6))"},
+      {"a response that names nothing", StateOf("A1 Z9 C3"), "SetAnswer",
+       R"(SetAnswer: Responses, Response 2 "Z9" names no target and source item (9))"},
+  };
+  for (const auto& row : rows) {
+    ItemFixture* shown = nullptr;
+    std::string before;
+    const auto listen = [&](std::string_view member, std::span<Variant>) -> std::optional<Variant> {
+      if (member == "LogError") before = TagOf(*shown, 'B');
+      return std::nullopt;
+    };
+    ItemFixture item(SmallItem(), Intercept(listen));
+    shown = &item;
+    Place(item, "source 2", "target B");
+    Load(item, row.state);
+    EXPECT_EQ(before, "2*1*B2") << row.why << ": told before the screen was emptied";
+    EXPECT_EQ(TagOf(item, 'A') + " " + TagOf(item, 'B') + " " + TagOf(item, 'C'),
+              "1*1*A1 2*1*B 3*1*C3")
+        << row.why;
+    EXPECT_EQ(Reports(item), row.reports) << row.why;
+    EXPECT_EQ(item.Log().at(0), row.says) << row.why;
+  }
+}
+
+// Whatever a host sets as a state, the candidate can go on working.
+TEST(StateSection, TakesResponsesAgainAfterAnyState) {
+  const struct {
+    const char* state;
+    std::string reports;
+  } rows[] = {
+      {"", ""},
+      {"   ", ""},
+      {"<State/>", ""},
+      {"<State><ItemStemScroll>True</ItemStemScroll></State>", ""},
+      {"<Foo/>", ""},
+      {"<State><Responses>", "SetExternalStateArray"},
+      {"A1, B2", "SetExternalStateArray"},
+  };
+  for (const auto& row : rows) {
+    ItemFixture item(SmallItem());
+    item.host.SetState(row.state);
+    Place(item, "source 1", "target A");
+    Place(item, "source 2", "target B");
+    item.Delete("target A");
+    EXPECT_EQ(item.Responses(), "B2") << row.state;
+    EXPECT_EQ(Faults(item, false), "") << row.state;
+    item.host.Show();
+    EXPECT_EQ(item.Responses(), "B2") << row.state;
+    EXPECT_EQ(Faults(item, false), "") << row.state;
+    EXPECT_EQ(Reports(item), row.reports) << row.state;
   }
 }
 

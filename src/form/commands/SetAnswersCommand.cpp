@@ -50,7 +50,11 @@ void SetAnswersCommand::ApplyAnswers() {
   document.SetFromRoot(true);
   if (!document.FindNode("Answers")) return;
   const std::int32_t count = document.ChildCount();
-  for (std::int32_t i = 0; i < count; ++i) ApplyKey(ToText(document.GetChildText(i)));
+  for (std::int32_t i = 0; i < count; ++i) {
+    document.MoveToChild(i);
+    ApplyKey(ToText(document.GetText()));
+    document.MoveToParent();
+  }
 }
 
 void SetAnswersCommand::ApplyKey(std::string key) {
@@ -73,7 +77,7 @@ void SetAnswersCommand::ApplyTerm(const std::string& term, const std::string& ke
   if (ListContains(applied, FirstCharacters(term, 1))) return;
   const bool isAlternative = Contains(UpperCase(key), Concatenate({"OR ", UpperCase(term)}));
   if (ListContains(applied, LastCharacter(term)) && isAlternative) return;
-  rooms_.restorer.SetAnswer(term);
+  rooms_.restorer.SetAnswer(form_.Document().WithPlace(term));
   applied.append(",").append(term);
 }
 
