@@ -1,7 +1,5 @@
 #include "form/AreaRefresh.h"
 
-#include "automation/Conversions.h"
-
 namespace zav {
 
 void AreaRefresh::RefreshWorkArea() {
@@ -37,15 +35,7 @@ void AreaRefresh::PaintWorkArea() {
 void AreaRefresh::PaintBackground() {
   const PictureRef& background = form_.controls.pcWorkLoad.picture();
   if (!background) return;
-  DataIO& document = form_.Document();
-  const CursorScope keep(document);
-  document.SetFromRoot(true);
-  document.FindNode("WorkArea");
-  const float left = ToSingle(document.GetAttribute("ImageLeft"));
-  const float top = ToSingle(document.GetAttribute("ImageTop"));
-  form_.controls.pcWork.PaintPicture(background,
-                                     {left / static_cast<float>(form_.tables.ItemTwipsPerPixelX),
-                                      top / static_cast<float>(form_.tables.ItemTwipsPerPixelY)});
+  form_.controls.pcWork.PaintPicture(background, form_.tables.BackgroundAt);
 }
 
 void AreaRefresh::PaintSourceArea() {

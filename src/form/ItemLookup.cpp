@@ -21,6 +21,15 @@ int FindTarget(const FormCore& form, std::string_view response) {
   return found == targets.end() ? 0 : found->second;
 }
 
+DocumentValue AuthoredValue(const FormCore& form, std::string_view list, int entry,
+                            std::string_view name) {
+  DataIO& document = form.Document();
+  const CursorScope keep(document);
+  document.SetFromRoot(true);
+  document.FindNode(list);
+  return document.GetChildAttribute(entry - 1, name);
+}
+
 bool HoldsItem(const FormCore& form, int target) {
   return CharacterCount(GetAnswerId(form.controls.imgTarget[target].tag())) >= 2;
 }

@@ -61,6 +61,7 @@ struct ItemTables {
   std::vector<std::string> SourceTexts;  // formatted texts, in source order
   std::vector<ShapeSegment> ShapeSegments;
   bool HasShapes = false;
+  Point BackgroundAt;  // pixels of the work picture
 
   std::int16_t ItemTwipsPerPixelX = 0;  // of the authoring display
   std::int16_t ItemTwipsPerPixelY = 0;

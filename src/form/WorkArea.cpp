@@ -7,6 +7,7 @@
 #include "document/ItemTag.h"
 #include "form/AuthoredFont.h"
 #include "form/ChromePages.h"
+#include "form/ItemLookup.h"
 #include "form/interaction/SnapMargins.h"
 
 namespace zav {
@@ -16,7 +17,7 @@ constexpr float kAnswerButtonFontSize = 4;
 constexpr float kAnswerButtonWidthPixels = 22;
 constexpr float kAnswerButtonHeightPixels = 14;
 
-// Puts the cursor on the list element of that name, wherever it is in the item.
+// Puts the cursor on the section of that name, wherever it is in the item.
 std::int32_t EnterList(DataIO& document, std::string_view name) {
   document.SetFromRoot(true);
   document.FindNode(name);
@@ -30,6 +31,11 @@ void WorkArea::LoadWorkArea() {
     const CursorScope keep(form_.Document());
     BuildWorkArea();
   });
+  // Nothing hangs on the place of the picture: it takes nothing else with it.
+  form_.Trap("LoadWorkArea", [&] {
+    const CursorScope keep(form_.Document());
+    PlaceBackground();
+  });
 }
 
 void WorkArea::BuildWorkArea() {
@@ -41,7 +47,9 @@ void WorkArea::BuildWorkArea() {
   LoadTargets();
   if (!ShowTargets()) return;
   const Size picture = controls.pcWork.SizeInTwips();
-  controls.scrWork.SetScrollHeight(static_cast<float>(RoundToInt32(picture.height)));
+  EnterList(form_.Document(), "WorkArea");
+  const DocumentValue height = form_.Document().GetAttribute("Height");
+  controls.scrWork.SetScrollHeight(static_cast<float>(RoundToInt32(picture.height, height)));
   controls.scrWork.SetScrollWidth(
       static_cast<float>(RoundToInt32(picture.width) + form_.layout.MarginX));
   FindSnapAreas();
@@ -59,6 +67,15 @@ void WorkArea::LoadPicture() {
   const std::string imagePath = ToText(document.GetAttribute("ImagePath"));
   form_.controls.pcWorkLoad.SetPicture(pages_.LoadGraphic(form_.Owner().ExtParent(), imagePath));
   form_.controls.scrWork.SetScrollWidth(static_cast<float>(RoundToInt32(work.width(), width)));
+}
+
+void WorkArea::PlaceBackground() {
+  if (!form_.controls.pcWorkLoad.picture()) return;
+  DataIO& document = form_.Document();
+  EnterList(document, "WorkArea");
+  ItemTables& tables = form_.tables;
+  tables.BackgroundAt = {tables.PixelsX(document.GetAttribute("ImageLeft")),
+                         tables.PixelsY(document.GetAttribute("ImageTop"))};
 }
 
 void WorkArea::LoadLabels() {
@@ -209,8 +226,7 @@ bool WorkArea::ShowTarget(int target, std::string& loadedName, std::string& load
   document.SetFromRoot(true);
   document.FindNode("Groups");
   if (!document.MoveToChild(form_.tables.TargetList.Item(target).GroupId - 1)) {
-    EnterList(document, "Targets");
-    document.GetChildAttribute(target - 1, "GroupID")
+    AuthoredValue(form_, "Targets", target, "GroupID")
         .Refuse(error_number::kIndexOutOfRange, "names no group");
   }
   const std::string name = ToText(document.GetChildAttributeByName("TargetSettings", "EmptyImage"));

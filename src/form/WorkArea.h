@@ -24,6 +24,7 @@ class WorkArea {
  private:
   void BuildWorkArea();
   void LoadPicture();
+  void PlaceBackground();
   void LoadLabels();
   void LoadLabel(int entry);
   void LoadCallouts();

@@ -2,6 +2,7 @@
 // that found it; what was built before stays, and the host can go on.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -91,6 +92,11 @@ TEST(BadItem, SaysOnceWhatIsWrongAndKeepsWhatWasBuilt) {
        "2 6 1 1 5",
        "LoadWorkArea",
        "none.png (53)"},
+      {"where the background stands takes nothing with it",
+       {{"ImageLeft=\"0\"", "ImageLeft=\"abc\""}},
+       "2 6 1 1 5",
+       "LoadWorkArea",
+       R"(WorkArea: ImageLeft "abc" is no number (13))"},
       {"a label's alignment",
        {{"Alignment=\"0\">label", "Alignment=\"3\">label"}},
        "2 6 1 0 0",
@@ -276,6 +282,18 @@ TEST(BadItem, TellsTheCandidateOfACaptionsAlignment) {
   }
 }
 
+// A layout that fails half way leaves the source items where the candidate can take them.
+TEST(BadItem, KeepsItsSourceItemsInSight) {
+  ItemFixture item(SmallItem());
+  Splitter& splitter = item.form().controls.spSplitter;
+  splitter.RemovePane("ItemStem");
+  splitter.AddPane({"Other", 0, 0, {}, nullptr, 0});
+  item.form().layout.ItemStemHeightRestored = false;
+  item.host.Resize(900, 700);
+  EXPECT_EQ(Reports(item), "SizeSourceArea, SizeControls");
+  EXPECT_TRUE(item.form().controls.pcSource.visible());
+}
+
 // An answer value that is no number cannot be placed: the target stays as it was.
 TEST(BadItem, PlacesNoAnswerValueThatIsNoNumber) {
   for (const char* value : {"x", "", "40000", "1.5.2", "NaN"}) {
@@ -283,9 +301,15 @@ TEST(BadItem, PlacesNoAnswerValueThatIsNoNumber) {
         SmallItem({{kSource1, std::string(R"(SourceID="1" GroupID="1" NumUses="1" AnswerValue=")") +
                                   value + "\""}}));
     item.Drag("source 2").To("target A").Release();
-    item.Drag("source 1").To("target A").Release().Wait(2000);
+    item.Drag("source 1").To("target A");
+    EXPECT_TRUE(item.form().controls.pcdroptext.visible()) << value << ": would be a replacement";
+    item.Release();
+    EXPECT_FALSE(item.form().controls.pcdroptext.visible()) << value;
+    item.Wait(2000);
     EXPECT_EQ(item.Responses(), "A2") << value;
     EXPECT_EQ(Reports(item), "TargetDragDrop") << value;
+    EXPECT_TRUE(Contains(item.Log()[0], Concatenate({"Source 1: AnswerValue \"", value, "\" is "})))
+        << item.Log()[0];
     EXPECT_EQ(Faults(item, false), "") << value;
     item.Drag("source 3").To("target A").Release();
     EXPECT_EQ(item.Responses(), "A3") << value;
@@ -300,7 +324,7 @@ TEST(BadItem, ThatCannotBeReadIsRefusedAndTheHostGoesOn) {
     std::string says;
   } rows[] = {
       {"cut in the middle", whole.substr(0, whole.size() / 2), "line "},
-      {"nothing", "", ""},
+      {"nothing", "", "it is empty"},
       {"two roots", whole + whole, "line "},
       {"a document type", "<!DOCTYPE x>" + whole, "DOCTYPE"},
       {"another document", "<Other/>", "DragAndDropItem"},
@@ -321,6 +345,54 @@ TEST(BadItem, ThatCannotBeReadIsRefusedAndTheHostGoesOn) {
               "InitExternalDisplay, DisplayInt_ShowExternalDisplay, DisplayInt_HideExternalDisplay")
         << row.why;
     EXPECT_TRUE(item.host.Free()) << row.why;
+  }
+}
+
+// Whatever bytes a host hands over: they are told as what they are, and never opened as a path.
+TEST(BadItem, SaysWhatItsBytesAre) {
+  const std::string xml = SmallItem().itemXml();
+  const auto bytes = [](const std::string& text) {
+    return std::vector<std::uint8_t>(text.begin(), text.end());
+  };
+  const auto swapped = [](std::vector<std::uint8_t> units) {
+    for (std::size_t at = 0; at + 1 < units.size(); at += 2) std::swap(units[at], units[at + 1]);
+    return units;
+  };
+  const struct {
+    const char* why;
+    std::vector<std::uint8_t> bytes;
+    std::string says;  // nothing: it is an item
+  } rows[] = {
+      {"a byte-order mark", Utf8ToUtf16Le("\uFEFF" + xml), ""},
+      {"blanks and line ends in front", Utf8ToUtf16Le(" \r\n\t" + xml), ""},
+      {"UTF-8 as it is", bytes(xml), "it looks like UTF-8"},
+      {"UTF-8 of an odd length", bytes(xml + "\n"), "it looks like UTF-8"},
+      {"UTF-8 behind a blank", bytes(" " + xml), "it looks like UTF-8"},
+      {"UTF-8 with its mark", bytes("\xEF\xBB\xBF" + xml), "it is UTF-8"},
+      {"big-endian", swapped(Utf8ToUtf16Le(xml)), "it is big-endian UTF-16"},
+      {"big-endian behind a line end", swapped(Utf8ToUtf16Le("\n" + xml)),
+       "it is big-endian UTF-16"},
+      {"big-endian with its mark", swapped(Utf8ToUtf16Le("\uFEFF" + xml)),
+       "it is big-endian UTF-16"},
+      {"nothing", {}, "it is empty"},
+      {"blanks", Utf8ToUtf16Le("  \r\n"), "it is blank"},
+      {"zeros", std::vector<std::uint8_t>(8), "it is blank"},
+      {"a mark alone", Utf8ToUtf16Le("\uFEFF"), "it is blank"},
+      {"half a unit", bytes("<"), "it looks like UTF-8"},
+      {"a path", Utf8ToUtf16Le("items/heart/item.xml"), "it begins with \"items/heart/item.xml\""},
+      {"a long text", Utf8ToUtf16Le("é " + std::string(99, 'x')),
+       "it begins with \"? xxxxxxxxxxxxxxxxxx\""},
+  };
+  for (const auto& row : rows) {
+    ReferenceHost host(SmallItem());
+    host.Init();
+    host.item().InitExternalDisplay(SafeArray(row.bytes), 0, 0);
+    const std::vector<LogEntry>& log = host.parent().log();
+    ASSERT_EQ(log.size(), row.says.empty() ? 0 : 1) << row.why;
+    if (log.empty()) continue;
+    EXPECT_EQ(log[0].description, "An item is XML in UTF-16, low byte first, but " + row.says)
+        << row.why;
+    EXPECT_EQ(log[0].number, error_number::kComponent) << row.why;
   }
 }
 

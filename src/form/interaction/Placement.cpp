@@ -24,7 +24,16 @@ struct Placement::Landing {
 };
 
 void Placement::TargetDragDrop(int target, const Control& dragged) {
-  form_.Trap("TargetDragDrop", [&] { Apply(Prepare(target, dragged)); });
+  form_.Trap("TargetDragDrop", [&] {
+    try {
+      Apply(Prepare(target, dragged));
+    } catch (...) {
+      // Nothing is replaced, and nothing lands in the frame.
+      rooms_.feedback.HideHint();
+      rooms_.feedback.RemoveHighlight();
+      throw;
+    }
+  });
 }
 
 Placement::Landing Placement::Prepare(int target, const Control& dragged) const {
@@ -34,15 +43,29 @@ Placement::Landing Placement::Prepare(int target, const Control& dragged) const 
   landing.target = target;
   landing.oldAnswer = GetAnswerId(controls.imgTarget[target].tag());
   landing.answerValue = GetAnswerId(isDragPicture ? controls.imgDrag.tag() : dragged.tag());
-  landing.sourceId = ToInt16(landing.answerValue);
   landing.oldSourceId = form_.tables.TargetList.Item(target).SourceID;
-  form_.tables.GroupOf(controls.imgTarget[target].tag());
   landing.source = isDragPicture ? FindSource(form_, landing.answerValue) : dragged.index();
   if (landing.source == 0) {
     RaiseError(error_number::kIndexOutOfRange,
                {"No source item has the answer value ", landing.answerValue});
   }
+  landing.sourceId = NumberOf(landing.source, landing.answerValue);
+  if (form_.tables.FindGroup(controls.imgTarget[target].tag()) == nullptr) {
+    AuthoredValue(form_, "Targets", target, "GroupID")
+        .Refuse(error_number::kInvalidArgument, "names no group");
+  }
   return landing;
+}
+
+// What the author wrote is looked up only where it does not convert.
+std::int16_t Placement::NumberOf(int source, const std::string& answerValue) const {
+  std::int16_t number = 0;
+  try {
+    number = ToInt16(answerValue);
+  } catch (const AutomationError&) {
+    AuthoredValue(form_, "SourceArea", source, "AnswerValue").Use([] { throw; });
+  }
+  return number;
 }
 
 void Placement::Apply(const Landing& landing) {

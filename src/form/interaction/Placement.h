@@ -5,6 +5,7 @@
 // A placement that cannot be made changes nothing: whatever can fail is found out first.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "form/AreaRefresh.h"
@@ -29,7 +30,8 @@ class Placement {
   Placement(FormCore& form, const Rooms& rooms) : form_(form), rooms_(rooms) {}
 
   // Places the dragged item, which is the drag picture or a source item's text control. An item
-  // that was on the target is released. Reports under "TargetDragDrop".
+  // that was on the target is released. Reports under "TargetDragDrop", with hint and frame taken
+  // away first.
   void TargetDragDrop(int target, const Control& dragged);
 
   // Empties the target, takes its response out of the state section, and counts the uses of the
@@ -48,6 +50,7 @@ class Placement {
  private:
   struct Landing;
   Landing Prepare(int target, const Control& dragged) const;
+  [[nodiscard]] std::int16_t NumberOf(int source, const std::string& answerValue) const;
   void Apply(const Landing& landing);
   void EmptyTarget(int target);
   PictureRef LoadEmptyPicture(int target);

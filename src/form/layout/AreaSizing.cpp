@@ -11,8 +11,8 @@
 namespace zav {
 namespace {
 
-// Pixels. A card's frame stands three above and below its item and one beside it; its shadow two
-// more to the right and below.
+// Pixels. A card's frame stands three above its item and one at its left, and runs along its right
+// and lower edge; its shadow falls two further to the right and below.
 constexpr float kBetweenItemsPixels = 12;
 constexpr float kBetweenRowsPixels = 14;
 constexpr float kBesideItemsPixels = 10;
@@ -35,28 +35,31 @@ Rect CalloutRect(const std::string& tag) {
 
 }  // namespace
 
+// However far the layout gets, the source items are there to be dragged.
 void AreaSizing::SizeSourceArea() {
-  form_.Trap("SizeSourceArea", [&] {
-    FormControls& controls = form_.controls;
-    LayoutState& layout = form_.layout;
-    const bool sizesKept = layout.ItemStemHeightRestored;
-    controls.pcSource.Hide();
-    controls.pcSource.SetLeft(0);
-    controls.txtItemStem.SetWidth(controls.scrItemStem.width());
-    if (!sizesKept) {
-      SizePanes();
-      SizeSources();
-      SizeTargets();
-    }
-    ResetScrolling();
-    if (form_.tables.SourceAreaOnLeft) {
-      SizeSourcesLeft();
-    } else {
-      SizeSourcesTop(!sizesKept);
-    }
-    controls.pcSource.Show();
-    layout.ItemStemHeightRestored = true;
-  });
+  form_.controls.pcSource.Hide();
+  RunBoth([&] { form_.Trap("SizeSourceArea", [&] { ArrangeSourceArea(); }); },
+          [&] { form_.controls.pcSource.Show(); });
+}
+
+void AreaSizing::ArrangeSourceArea() {
+  FormControls& controls = form_.controls;
+  LayoutState& layout = form_.layout;
+  const bool sizesKept = layout.ItemStemHeightRestored;
+  controls.pcSource.SetLeft(0);
+  controls.txtItemStem.SetWidth(controls.scrItemStem.width());
+  if (!sizesKept) {
+    SizePanes();
+    SizeSources();
+    SizeTargets();
+  }
+  ResetScrolling();
+  if (form_.tables.SourceAreaOnLeft) {
+    SizeSourcesLeft();
+  } else {
+    SizeSourcesTop(!sizesKept);
+  }
+  layout.ItemStemHeightRestored = true;
 }
 
 void AreaSizing::SizePanes() {

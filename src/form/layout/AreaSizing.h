@@ -28,6 +28,7 @@ class AreaSizing {
   void SizeWorkHeading(float width);
 
  private:
+  void ArrangeSourceArea();
   void SizePanes();
   [[nodiscard]] float StemHeight() const;
   void SizeSources();
