@@ -90,5 +90,22 @@ TEST(Splitter, StaysAsTheCandidateLeftIt) {
             item.form().controls.pcWorkContainer.height());
 }
 
+// Cards, wells and frames stand out of an item by a pixel at its left and three above, and end with
+// it at the right and below.
+TEST(ItemFrame, EndsWithItsItem) {
+  ItemFixture item(SmallItem());
+  const FormControls& controls = item.form().controls;
+  const auto has = [](const PictureBox& surface, const Rect& rect) {
+    const auto& drawn = surface.drawn();
+    return std::any_of(drawn.begin(), drawn.end(), [&](const DrawnShape& shape) {
+      return shape.kind == DrawnShape::Kind::FilledBox && shape.x1 == rect.left &&
+             shape.y1 == rect.top && shape.x2 == rect.Right() && shape.y2 == rect.Bottom();
+    });
+  };
+  EXPECT_TRUE(has(controls.pcWork, {39, 17, 101, 43})) << "target A: 100 by 40 at 40, 20";
+  const PictureButton& source = controls.imgSource[1];
+  EXPECT_TRUE(has(controls.pcSource, {source.left() - 15, source.top() - 45, 1515, 645}));
+}
+
 }  // namespace
 }  // namespace zav

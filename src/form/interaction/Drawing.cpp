@@ -43,9 +43,8 @@ Drawing::Outline Drawing::OutlineOf(CoordinateMode mode, const Control& item,
   const Size size =
       twips ? Size{static_cast<float>(group.ItemWidth), static_cast<float>(group.ItemHeight)}
             : form_.ItemPixels(group);
-  return {
-      {item.left() - unit, item.top() - 3 * unit, size.width + 2 * unit, size.height + 6 * unit},
-      unit};
+  return {{item.left() - unit, item.top() - 3 * unit, size.width + unit, size.height + 3 * unit},
+          unit};
 }
 
 void Drawing::DrawItemFrame(CoordinateMode mode, PictureBox& surface, const Control& item,

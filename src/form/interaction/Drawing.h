@@ -1,7 +1,7 @@
 // What is drawn on the two areas: frames, cards, wells and outlines.
 //
 // Everything is drawn round an item's rectangle: its control's left and top and its group's item
-// size, a little widened. Rectangles are in the surface's units.
+// size, widened by a pixel to the left and by three above. Rectangles are in the surface's units.
 #pragma once
 
 #include <cstdint>
