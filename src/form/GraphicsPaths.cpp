@@ -33,6 +33,11 @@ std::string PicturePath(const std::string& name, GraphicsPathResolver resolve,
   return path.empty() ? supportDir + name : path;
 }
 
+// What is passed over should be a quote, but may be any character.
+std::size_t BehindCharacter(std::string_view page, std::size_t at) {
+  return page.size() - WithoutFirstCharacters(page.substr(at), 1).size();
+}
+
 std::string RewriteImages(const std::string& page, GraphicsPathResolver resolve,
                           const std::string& supportDir) {
   constexpr std::string_view kImage = "<IMG";
@@ -45,7 +50,7 @@ std::string RewriteImages(const std::string& page, GraphicsPathResolver resolve,
     if (source != kNone && source > image) continue;  // an earlier element without one took it
     source = upper.find(kSource, image);
     if (source == kNone) break;
-    const std::size_t begin = source + kSource.size() + 1;
+    const std::size_t begin = BehindCharacter(page, source + kSource.size());
     if (rewriting.Reached(begin)) continue;
     const std::size_t end = page.find('"', begin);
     if (end == kNone) break;

@@ -301,6 +301,7 @@ TEST(GraphicsPaths, AreRewrittenOnce) {
       {"a name that is not closed ends the pass", R"(<img src="a.png> <b>)",
        R"(<img src="a.png> <b>)"},
       {"the page ends behind the source", "<img src=", "<img src="},
+      {"such a letter where the quote should be", R"(<img src=é.png">)", R"(<img src=éG/.png">)"},
       {"letters of more than one byte", R"(é<img src="é.png">é)", R"(é<img src="G/é.png">é)"},
       {"a background", "X{BACKGROUND-IMAGE:url(Tilekvt.bmp); A:b;}",
        "X{BACKGROUND-IMAGE:url(S/Tilekvt.bmp); A:b;}"},

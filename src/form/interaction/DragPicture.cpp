@@ -83,6 +83,7 @@ void DragPicture::tmTimer_Timer() {
     drag.AnimLeft = x.position;
     drag.AnimTop = y.position;
     if (x.Arrived() || y.Arrived()) {
+      drag.AnimObject->MoveTo(static_cast<float>(x.end), static_cast<float>(y.end));
       FinishGlide();
       return;
     }
