@@ -146,7 +146,7 @@ class HeadlessPlatform final : public Services, public Presenter {
   std::map<std::string, Program> programs_;  // by file name in upper case
   std::map<std::string, PictureRef, std::less<>> resources_;
   std::map<std::string, std::weak_ptr<const Picture>> pictures_;  // by path, while they are shown
-  std::map<ControlId, const Control*> panes_;  // that were presented
+  std::map<ControlId, const Control*> panes_;                     // that were presented
   int presentedBatches_ = 0;
   PresentedBatch lastBatch_;
 };

@@ -14,8 +14,8 @@ bool Exists(const std::string& path);
 // only; where there is none either, the path as it is.
 std::string FindIgnoringCase(const std::string& path);
 
-// Names are exact. Raises 53 for a file that is missing, 75 for one that cannot be read and for what is no file, 7
-// for one of more than 256 MiB.
+// Names are exact. Raises 53 for a file that is missing, 75 for one that cannot be read and for
+// what is no file, 7 for one of more than 256 MiB.
 std::vector<std::uint8_t> Read(const std::string& path);
 
 // Replaces what was there. Raises 75.
