@@ -41,6 +41,8 @@ export class StyleFilter {
   #pictures = new Set();
   #asked = 0;
   #scratch = document.createElement('span');
+  /** What was made of style attributes: most are there many times. @type {Map<string, string>} */
+  #applied = new Map();
   // Only a browser that is given complete urls gives back the same ones.
   #toUrl = (/** @type {string} */ name) => this.picture(name);
 
@@ -68,7 +70,14 @@ export class StyleFilter {
    * @param {string} declarations
    */
   apply(element, declarations) {
-    this.#copy(readDeclarations(declarations, this.#toUrl), element.style);
+    let css = this.#applied.get(declarations);
+    if (css === undefined) {
+      const { style } = document.createElement('span');
+      this.#copy(readDeclarations(declarations, this.#toUrl), style);
+      css = style.cssText;
+      this.#applied.set(declarations, css);
+    }
+    if (css) element.style.cssText += css;
   }
 
   /**
