@@ -14,8 +14,8 @@
 namespace zav {
 namespace {
 
-constexpr int kSmall = 60;
-constexpr int kLarge = 120;
+constexpr int kSmall = 120;
+constexpr int kLarge = 240;
 constexpr int kDeleteKey = 46;
 
 struct Counts {
@@ -59,11 +59,14 @@ class CountedItem {
   Counts Count(const std::function<void()>& operation) {
     host().calls().Clear();
     painted_ = 0;
+    const HeadlessPlatform& platform = host().platform();
+    const int batches = platform.PresentedBatches();
     const std::uint64_t revision = host().item().DataIO().Revision();
     operation();
+    const bool isPresented = platform.PresentedBatches() > batches;
     return {static_cast<int>(host().calls().Calls().size()),
             static_cast<int>(host().item().DataIO().Revision() - revision),
-            static_cast<int>(host().platform().LastBatch().changed.size()), painted_};
+            isPresented ? static_cast<int>(platform.LastBatch().changed.size()) : 0, painted_};
   }
 
  private:
@@ -142,7 +145,8 @@ TEST(Growth, IsWithTheItemAtMost) {
     }
     const auto check = [&](const char* what, int Counts::*count) {
       const int small = counts[0].*count;
-      EXPECT_LE(counts[1].*count, row.grows ? 2 * small : small) << row.why << ": " << what;
+      EXPECT_LE(counts[1].*count, row.grows ? 2 * small + small / 10 : small)
+          << row.why << ": " << what;
     };
     check("calls to the host", &Counts::calls);
     check("changes of the document", &Counts::documentChanges);
