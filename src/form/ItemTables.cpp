@@ -68,9 +68,9 @@ const clsGroup* ItemTables::FindGroup(std::string_view tag) const {
 
 void ItemTables::Place(int target, std::int16_t sourceId) {
   std::int16_t& placed = TargetList.Item(target).SourceID;
+  if (sourceId != 0) ++placed_[sourceId];
   if (placed != 0) --placed_[placed];
   placed = sourceId;
-  if (placed != 0) ++placed_[placed];
 }
 
 std::int32_t ItemTables::CountPlaced(const std::string& answer) const {

@@ -59,10 +59,14 @@ void TargetLook::SetPointer(int target, Pointer pointer) {
   form_.controls.txtTarget[target].SetPointer(pointer);
 }
 
+// All of them, or none.
 void TargetLook::SetTag(int target, const std::string& tag) {
-  form_.controls.imgTarget[target].SetTag(tag);
-  form_.controls.imgTargetCover[target].SetTag(tag);
-  form_.controls.txtTarget[target].SetTag(tag);
+  std::string ofPicture = tag;
+  std::string ofCover = tag;
+  std::string ofText = tag;
+  form_.controls.imgTarget[target].SetTag(std::move(ofPicture));
+  form_.controls.imgTargetCover[target].SetTag(std::move(ofCover));
+  form_.controls.txtTarget[target].SetTag(std::move(ofText));
 }
 
 }  // namespace zav

@@ -70,19 +70,22 @@ std::int16_t Placement::NumberOf(int source, const std::string& answerValue) con
 
 void Placement::Apply(const Landing& landing) {
   const int target = landing.target;
+  const std::string tag = SetAnswerId(form_.controls.imgTarget[target].tag(), landing.NewAnswer());
   rooms_.recorder.RemoveStateResponse(landing.oldAnswer);
   rooms_.recorder.WriteStateResponse(landing.NewAnswer());
   form_.controls.lblTargetCaption[target].Hide();
   rooms_.feedback.RemoveHighlight();
-  form_.tables.Place(target, landing.sourceId);
-  rooms_.targetLook.SetTag(
-      target, SetAnswerId(form_.controls.imgTarget[target].tag(), landing.NewAnswer()));
-  rooms_.targetLook.ShowItem(target, landing.source);
-  UpdateAnswerButton(target);
-  if (landing.oldSourceId != 0) {
-    const int replaced = FindSource(form_, landing.oldSourceId);
-    if (replaced > 0) CheckSourceUses(replaced);
-  }
+  RunBoth(
+      [&] {
+        rooms_.targetLook.SetTag(target, tag);
+        form_.tables.Place(target, landing.sourceId);
+        rooms_.targetLook.ShowItem(target, landing.source);
+        UpdateAnswerButton(target);
+      },
+      [&] {
+        const int replaced = landing.oldSourceId == 0 ? 0 : FindSource(form_, landing.oldSourceId);
+        if (replaced > 0) CheckSourceUses(replaced);
+      });
   rooms_.refresh.RefreshWorkArea();
   rooms_.feedback.ShowReplaced();
 }
