@@ -1,7 +1,5 @@
 #include "form/StateRecorder.h"
 
-#include "automation/Conversions.h"
-#include "automation/Text.h"
 #include "document/Records.h"
 
 namespace zav {
