@@ -119,6 +119,7 @@ void ControlHost::Forget(Control& control) noexcept {
 // What settles may change others, which then stand at the list's end.
 void ControlHost::Settle() {
   if (depth_ > 1) return;
+  // NOLINTNEXTLINE(modernize-loop-convert): the list may grow meanwhile
   for (std::size_t i = 0; i < changed_.size(); ++i) changed_[i]->Settle();
 }
 
