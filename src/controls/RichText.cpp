@@ -7,7 +7,7 @@
 namespace zav {
 
 void RichText::SetContent(bool isHtml, std::string text) {
-  if (isHtml_ != isHtml || content_ != text) measure_.reset();
+  if (isHtml_ != isHtml || content_ != text) measuredWidth_ = kNever;
   isHtml_ = isHtml;
   Set(content_, std::move(text), change::kContent);
 }
@@ -23,7 +23,9 @@ void RichText::Load(std::string exported) {
 
 void RichText::LoadFrom(const RichText& other) {
   SetContent(other.isHtml_, other.content_);
-  measure_ = other.measure_;
+  measuredHeight_ = other.measuredHeight_;
+  measuredWidth_ = other.measuredWidth_;
+  measuredFont_ = other.measuredFont_;
 }
 
 float RichText::ContentHeightTwips() const { return ContentHeightTwips(SizeInTwips().width); }
@@ -32,11 +34,12 @@ float RichText::ContentHeightTwips(float widthTwips) const {
   if (content_.empty()) return 0;
   const TwipsPerPixel twips = host().twipsPerPixel();
   const int widthPixels = static_cast<int>(widthTwips / static_cast<float>(twips.x));
-  if (!measure_ || measure_->widthPixels != widthPixels || measure_->font != font()) {
-    measure_ = {widthPixels, font(),
-                host().services().RichTextHeight({isHtml_, content_, font()}, widthPixels)};
+  if (measuredWidth_ != widthPixels || measuredFont_ != font()) {
+    measuredHeight_ = host().services().RichTextHeight({isHtml_, content_, font()}, widthPixels);
+    measuredWidth_ = widthPixels;
+    measuredFont_ = font();
   }
-  return static_cast<float>(measure_->heightPixels * twips.y);
+  return static_cast<float>(measuredHeight_ * twips.y);
 }
 
 }  // namespace zav

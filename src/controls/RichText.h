@@ -2,7 +2,6 @@
 // it in a form that it can load back.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "controls/Control.h"
@@ -34,18 +33,16 @@ class RichText : public Control {
   [[nodiscard]] float ContentHeightTwips(float widthTwips) const;
 
  private:
-  void SetContent(bool isHtml, std::string text);
+  static constexpr int kNever = -1;
 
-  // The height that the content took when it was measured last.
-  struct Measure {
-    int widthPixels = 0;
-    Font font;
-    int heightPixels = 0;
-  };
+  void SetContent(bool isHtml, std::string text);
 
   bool isHtml_ = false;
   std::string content_;
-  mutable std::optional<Measure> measure_;  // none since the content changed
+  // The height that the content took when it was measured last, laid out that wide in that font.
+  mutable int measuredHeight_ = 0;
+  mutable int measuredWidth_ = kNever;
+  mutable Font measuredFont_;
 };
 
 }  // namespace zav

@@ -58,17 +58,29 @@ XmlTree::NodeId XmlTree::Add(Node node) {
   }
   const NodeId id = free_.back();
   if (node.isElement) {
-    Named& named = Entry(node.content);
-    named.only = ++named.count == 1 ? id : kNone;
+    std::int32_t& named = Entry(node.content);
+    if (named == 0) {
+      named = static_cast<std::int32_t>(id);
+    } else {
+      named = named > 0 ? -2 : named - 1;
+    }
   }
   nodes_[id] = std::move(node);
   free_.pop_back();
   return id;
 }
 
-XmlTree::Named& XmlTree::Entry(const std::string& name) {
-  if (entry_ == nullptr || entry_->first != name) entry_ = &*named_.try_emplace(name).first;
-  return entry_->second;
+std::int32_t& XmlTree::Entry(const std::string& name) {
+  if (lastEntry_ != nullptr && lastName_ == name) return *lastEntry_;
+  auto found = named_.find(name);
+  if (found == named_.end()) {
+    const std::int32_t none = 0;
+    found = named_.emplace(std::string(name), none).first;
+  }
+  lastEntry_ = nullptr;
+  lastName_ = name;
+  lastEntry_ = &found->second;
+  return found->second;
 }
 
 void XmlTree::AppendChild(NodeId parent, NodeId child) {
@@ -131,9 +143,11 @@ void XmlTree::Unlink(NodeId node) {
 
 void XmlTree::Free(NodeId node) {
   if (nodes_[node].isElement) {
-    Named& named = Entry(nodes_[node].content);
-    --named.count;
-    named.only = kNone;
+    // Nothing may fail here, so the entry asked for last stays as it is.
+    const std::string& name = nodes_[node].content;
+    const bool isLast = lastEntry_ != nullptr && lastName_ == name;
+    std::int32_t& named = isLast ? *lastEntry_ : named_.find(name)->second;
+    named = named > 0 ? 0 : named + 1;
   }
   nodes_[node] = Node();
   free_.push_back(node);
@@ -175,16 +189,17 @@ XmlTree::NodeId XmlTree::PreviousElement(NodeId child) const {
 }
 
 XmlTree::NodeId XmlTree::FindElement(NodeId top, std::string_view name) const {
-  const auto named = named_.find(name);
-  if (named == named_.end() || named->second.count == 0) return kNone;
-  if (named->second.only != kNone) {
-    return StandsIn(top, named->second.only) ? named->second.only : kNone;
+  const auto named = named_.find(std::string(name));
+  if (named == named_.end() || named->second == 0) return kNone;
+  if (named->second > 0) {
+    const auto only = static_cast<NodeId>(named->second);
+    return StandsIn(top, only) ? only : kNone;
   }
   NodeId node = top;
   while (node != kNone && !(nodes_[node].isElement && nodes_[node].content == name)) {
     node = NextBelow(top, node);
   }
-  if (named->second.count == 1) named->second.only = node;
+  if (named->second == -1 && node != kNone) named->second = static_cast<std::int32_t>(node);
   return node;
 }
 

@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -90,13 +89,8 @@ class XmlTree {
   [[nodiscard]] NodeId NodeOf(NodeHandle handle) const;
 
  private:
-  struct Named {
-    std::int32_t count = 0;
-    NodeId only = kNone;  // while the count is 1; none when that is not known
-  };
-
   NodeId Add(Node node);
-  Named& Entry(const std::string& name);
+  std::int32_t& Entry(const std::string& name);
   [[nodiscard]] NodeId NextElement(NodeId child) const;
   [[nodiscard]] NodeId PreviousElement(NodeId child) const;
   [[nodiscard]] bool StandsIn(NodeId top, NodeId node) const;
@@ -107,9 +101,12 @@ class XmlTree {
   std::deque<Node> nodes_;  // by id; a free one has serial 0
   std::vector<NodeId> free_;
   std::uint64_t lastSerial_ = 0;
-  using NamedElements = std::map<std::string, Named, std::less<>>;
-  mutable NamedElements named_;                 // by their names
-  NamedElements::value_type* entry_ = nullptr;  // that was asked for last; many elements are alike
+  // Elements by their names: the id of the only one; where that is not known, how many there are as
+  // a number below 0; 0 for none.
+  mutable std::map<std::string, std::int32_t> named_;
+  // That was asked for last, as many elements are alike.
+  std::string lastName_;
+  std::int32_t* lastEntry_ = nullptr;
 };
 
 }  // namespace zav

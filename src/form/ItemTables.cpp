@@ -1,6 +1,6 @@
 #include "form/ItemTables.h"
 
-#include <optional>
+#include <utility>
 
 #include "automation/AutomationError.h"
 #include "automation/Conversions.h"
@@ -19,31 +19,37 @@ float Pixels(const DocumentValue& authored, std::int16_t twipsPerPixel) {
   return ToSingle(authored) / static_cast<float>(twipsPerPixel);
 }
 
-// What the author wrote as an answer value need not be a number.
-std::optional<std::int16_t> NumberOf(const std::string& answer) {
+// The same for all answer values that convert to the same number; empty for what is no number, as
+// authors may write what they like.
+std::string NumberText(const std::string& answer) {
   try {
-    return ToInt16(answer);
+    return ToText(ToInt16(answer));
   } catch (const AutomationError&) {
-    return std::nullopt;
+    return {};
   }
 }
 
-template <typename Key>
-std::int32_t Value(const std::map<Key, std::int32_t>& values, const Key& key) {
+// Maps of texts to numbers serve everywhere here: their code is there once.
+using Numbers = std::map<std::string, std::int32_t>;
+
+std::int32_t Value(const Numbers& values, const std::string& key) {
   const auto found = values.find(key);
   return found == values.end() ? 0 : found->second;
 }
 
 }  // namespace
 
-void SourceIndex::Add(const std::string& answer, std::int32_t source) {
-  texts_.emplace(answer, source);
-  if (const auto number = NumberOf(answer)) numbers_.emplace(*number, source);
+void SourceIndex::Add(const std::string& answer, const std::int32_t source) {
+  texts_.emplace(std::string(answer), source);
+  std::string number = NumberText(answer);
+  if (!number.empty()) numbers_.emplace(std::move(number), source);
 }
 
 std::int32_t SourceIndex::Find(const std::string& answer) const { return Value(texts_, answer); }
 
-std::int32_t SourceIndex::Find(std::int16_t number) const { return Value(numbers_, number); }
+std::int32_t SourceIndex::Find(std::int16_t number) const {
+  return Value(numbers_, ToText(number));
+}
 
 std::int16_t& SourceUsesTable::operator()(int source, int column) {
   if (source < 0 || source >= static_cast<int>(uses_.size()) || column < 0 || column > 2) {
@@ -68,14 +74,18 @@ const clsGroup* ItemTables::FindGroup(std::string_view tag) const {
 
 void ItemTables::Place(int target, std::int16_t sourceId) {
   std::int16_t& placed = TargetList.Item(target).SourceID;
-  if (sourceId != 0) ++placed_[sourceId];
-  if (placed != 0) --placed_[placed];
+  if (sourceId != 0) ++CountOf(sourceId);
+  if (placed != 0) --CountOf(placed);
   placed = sourceId;
 }
 
+std::int32_t& ItemTables::CountOf(std::int16_t sourceId) {
+  const std::int32_t none = 0;
+  return placed_.emplace(ToText(sourceId), none).first->second;
+}
+
 std::int32_t ItemTables::CountPlaced(const std::string& answer) const {
-  const auto number = NumberOf(answer);
-  return number ? Value(placed_, *number) : 0;
+  return Value(placed_, NumberText(answer));
 }
 
 const std::string& ItemTables::SourceText(int source) const {

@@ -49,7 +49,7 @@ class SourceIndex {
 
  private:
   std::map<std::string, std::int32_t> texts_;
-  std::map<std::int16_t, std::int32_t> numbers_;
+  std::map<std::string, std::int32_t> numbers_;  // by their decimal texts
 };
 
 struct ItemTables {
@@ -89,7 +89,10 @@ struct ItemTables {
   void Clear();
 
  private:
-  std::map<std::int16_t, std::int32_t> placed_;  // how often each source item is on a target
+  std::int32_t& CountOf(std::int16_t sourceId);
+
+  // On how many targets each source item is, by the decimal text of its number.
+  std::map<std::string, std::int32_t> placed_;
 };
 
 }  // namespace zav

@@ -74,28 +74,27 @@ MemberTable<ScoreEngine> Members() {
 ScoreEngine::ScoreEngine(Log log) : log_(log) {}
 
 Variant ScoreEngine::CalculateScore() {
-  const Compiled& compiled = Compile();
-  for (const std::string& fault : compiled.faults) Tell(fault);
-  return compiled.keys.RawScore(ReadResponses(RequireDocument(document_), compiled.keys));
+  std::vector<Answer> answers = ReadAnswers();
+  if (!compiled_ || compiled_->answers != answers) Compile(std::move(answers));
+  const WeightedKeys& keys = compiled_->keys;
+  return keys.RawScore(ReadResponses(RequireDocument(document_), keys));
 }
 
-const ScoreEngine::Compiled& ScoreEngine::Compile() {
-  std::vector<Answer> answers = ReadAnswers();
-  if (compiled_ && compiled_->answers == answers) return *compiled_;
-  auto compiled = std::make_unique<Compiled>();
+// Answers that are not kept are compiled anew the next time, so that every fault is told again.
+void ScoreEngine::Compile(std::vector<Answer> answers) {
+  compiled_ = std::make_unique<Compiled>();
   int number = 0;
+  bool isSound = true;
   for (const Answer& answer : answers) {
     ++number;
-    if (const auto fault = compiled->keys.Add(answer.expression, answer.weight)) {
-      compiled->faults.push_back(
-          Concatenate({"The key ", Quote(answer.expression), " of answer ", std::to_string(number),
-                       " is not well formed: ", fault->reason, ", character ",
-                       std::to_string(fault->position)}));
+    if (const auto fault = compiled_->keys.Add(answer.expression, answer.weight)) {
+      isSound = false;
+      Tell(Concatenate({"The key ", Quote(answer.expression), " of answer ", std::to_string(number),
+                        " is not well formed: ", fault->reason, ", character ",
+                        std::to_string(fault->position)}));
     }
   }
-  compiled->answers = std::move(answers);
-  compiled_ = std::move(compiled);
-  return *compiled_;
+  if (isSound) compiled_->answers = std::move(answers);
 }
 
 Variant ScoreEngine::MaxScore() {

@@ -54,15 +54,15 @@ class ScoreEngine : public Object, public ScoringEngine {
 
     bool operator==(const Answer&) const = default;
   };
-  // The keys of the answers that were scored last, kept as long as they are the same.
+  // The keys of the answers that were scored last, kept as long as these are the same and all keys
+  // are well formed.
   struct Compiled {
     std::vector<Answer> answers;
     WeightedKeys keys;
-    std::vector<std::string> faults;
   };
 
   std::vector<Answer> ReadAnswers();
-  const Compiled& Compile();
+  void Compile(std::vector<Answer> answers);
   double ReadWeight(const Variant& weight, std::int32_t index);
   void Tell(const std::string& message) const;
 
