@@ -8,7 +8,7 @@ import { readdir, readFile } from 'node:fs/promises';
 import { join } from 'node:path';
 import { gzipSync } from 'node:zlib';
 
-const mostBytes = 156_000;
+const mostBytes = 166_000;
 
 function row(name, plain, compressed) {
   console.log(name.padEnd(28), String(plain).padStart(8), String(compressed).padStart(8));
