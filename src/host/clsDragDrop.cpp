@@ -75,6 +75,7 @@ void clsDragDrop::SetDocument(DataIORef document) {
   moDataIO_ = std::move(document);
   moDataIO_->SetOwner(this);
   moStatus_->DataIO = moDataIO_.get();
+  rescored_ = {};
 }
 
 DataIORef clsDragDrop::NewDocument() const {

@@ -93,6 +93,24 @@ TEST(SecondItem, LeavesTheFirstAsItWasWhenItIsBroken) {
   }
 }
 
+TEST(SecondItem, IsScoredByItsOwnKey) {
+  ItemFixture item(SmallItem());
+  const SafeArray responses(Utf8ToUtf16Le("<Responses><Response>D12</Response></Responses>"));
+  const auto rescored = [&] {
+    ScoreCounts counts;
+    SafeArray unused;
+    std::int32_t length = 0;
+    item.host.item().RescoreExternalDisplayQuick(responses, 1, counts, unused, length);
+    return counts.fRawScore;
+  };
+  EXPECT_EQ(rescored(), 1);
+  const ItemFolder second = SmallItem({{R"(<Answer Weight="1">D12)", R"(<Answer Weight="5">D12)"}});
+  EXPECT_TRUE(item.host.item().InitExternalDisplay(SafeArray(second.ItemBytes()), 0, 0));
+  item.host.Show();
+  item.host.SetState("<State><Responses/></State>");  // as many changes as the first item had
+  EXPECT_EQ(rescored(), 5);
+}
+
 TEST(SecondItem, IsFreedThoughTheFirstOnesCaseStudyFails) {
   CaseItem test;
   EXPECT_THROW(test.item.host.item().FreeExternalDisplay(), AutomationError);
