@@ -40,14 +40,15 @@ Argb ColorOf(const litehtml::web_color& color) {
          color.blue;
 }
 
-// The style sheet under every page, read once.
+// The style sheet under every page, read once. It never goes, as an item may be the last thing that
+// a program lets go.
 const litehtml::css& HtmlStyleSheet() {
-  static const litehtml::css kSheet = [] {
-    litehtml::context context;
-    context.load_master_stylesheet(std::string(kHtmlStyle).c_str());
-    return context.master_css();
+  static litehtml::context* const kContext = [] {
+    auto* context = new litehtml::context;
+    context->load_master_stylesheet(std::string(kHtmlStyle).c_str());
+    return context;
   }();
-  return kSheet;
+  return kContext->master_css();
 }
 
 // Towards black for amounts below 1.
