@@ -121,7 +121,7 @@ zav::SafeArray ArrayOf(std::int32_t size) {
   return zav::SafeArray(std::vector<std::uint8_t>(static_cast<std::size_t>(size)));
 }
 
-// What the component fills may be shorter than the array: the rest is zero.
+// What the component fills may be shorter than the array: the rest of lBytes is zero.
 std::string ToText(const zav::SafeArray& array) {
   const std::string text = zav::Utf16LeToUtf8(array.Bytes());
   return text.substr(0, text.find('\0'));
