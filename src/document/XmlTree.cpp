@@ -35,12 +35,12 @@ XmlTree::NodeId XmlTree::AddText(std::string_view text) {
   return Add(std::move(node));
 }
 
-XmlTree::NodeId XmlTree::AddCopy(const XmlTree& source, NodeId top) {
-  const NodeId copy = Add(Bare(source.At(top)));
-  NodeId from = top;
+XmlTree::NodeId XmlTree::AddCopy(const XmlTree& source, NodeId node) {
+  const NodeId copy = Add(Bare(source.At(node)));
+  NodeId from = node;
   NodeId to = copy;  // the copy of what was copied last
-  for (NodeId next = source.NextBelow(top, top); next != kNone;
-       next = source.NextBelow(top, next)) {
+  for (NodeId next = source.NextBelow(node, node); next != kNone;
+       next = source.NextBelow(node, next)) {
     for (; from != source.At(next).parent; from = source.At(from).parent) to = nodes_[to].parent;
     const NodeId added = Add(Bare(source.At(next)));
     AppendChild(to, added);

@@ -28,7 +28,7 @@ constexpr std::size_t kBlankLength = 2;
 // Until its end the engine is at work, which may be the host's own.
 class Scoring {
  public:
-  explicit Scoring(bool& isScoring) : isScoring_(isScoring) { isScoring_ = true; }
+  explicit Scoring(bool& isScoring) : isScoring_(isScoring = true) {}
   Scoring(const Scoring&) = delete;
   Scoring& operator=(const Scoring&) = delete;
   ~Scoring() { isScoring_ = false; }

@@ -18,7 +18,7 @@ SnapView::SnapView(std::span<const Rect> targets, SnapDirection direction)
     targets_.push_back(Along(target, direction));
     longest_ = std::max(longest_, targets_.back().Length());
   }
-  ordered_ = targets_;
+  ordered_.assign(targets_.begin(), targets_.end());
   // By way of a heap: the code of std::sort is several times as long.
   std::make_heap(ordered_.begin(), ordered_.end(), begins);
   std::sort_heap(ordered_.begin(), ordered_.end(), begins);
