@@ -8,8 +8,8 @@ namespace zav {
 
 class FailingAllocations {
  public:
-  // Lets the allocation of that number fail, counted from 1 while it counts; 0 lets none fail. One at
-  // a time.
+  // Lets the allocation of that number fail, counted from 1 while it counts; 0 lets none fail. One
+  // at a time.
   explicit FailingAllocations(std::size_t failing);
   FailingAllocations(const FailingAllocations&) = delete;
   FailingAllocations& operator=(const FailingAllocations&) = delete;
