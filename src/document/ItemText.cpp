@@ -40,8 +40,9 @@ std::string WhatItIs(std::span<const std::uint8_t> bytes) {
   const auto first = std::find_if_not(bytes.begin(), bytes.end(), IsNothing);
   if (first == bytes.end()) return "it is blank";
   const auto at = static_cast<std::size_t>(first - bytes.begin());
-  if (*first != '<')
+  if (*first != '<') {
     return Concatenate({"it begins with \"", Beginning(bytes.subspan(at / 2 * 2)), "\""});
+  }
   const auto isZero = [&](std::size_t index) { return index < bytes.size() && bytes[index] == 0; };
   if (at % 2 == 0 && isZero(at + 1)) return {};
   return at % 2 != 0 && isZero(at - 1) ? "it is big-endian UTF-16" : "it looks like UTF-8";

@@ -320,6 +320,10 @@ void clsDragDrop::Raise(std::int32_t event) { events_.Raise(event, {}); }
 
 bool clsDragDrop::Redisplay(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
                             std::int32_t lHeight) {
+  if (controlHost_.busy()) {
+    controlHost_.PutOff([=, this] { Redisplay(lLeft, lTop, lWidth, lHeight); });
+    return true;
+  }
   controlHost_.RunHostCall([&] {
     Raise(item_event::kRefreshDisplay);
     Variant rect[] = {lLeft, lTop, lWidth, lHeight};

@@ -112,6 +112,7 @@ const Act kActs[] = {
        host.item().ResizeExternalDisplay(0, 0, 15360, 11520);
      }},
     {"resizes", [](ReferenceHost& host) { host.item().ResizeExternalDisplay(0, 0, 12000, 9000); }},
+    {"builds it anew", [](ReferenceHost& host) { host.item().Redisplay(0, 0, 12000, 9000); }},
     {"hides", [](ReferenceHost& host) { host.item().HideExternalDisplay(); }},
     {"lets time pass", [](ReferenceHost& host) { host.Wait(std::chrono::milliseconds(1000)); }},
 };
